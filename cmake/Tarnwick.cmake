@@ -1,0 +1,47 @@
+# SPDX-License-Identifier: MIT
+# What every target of the house shares: warnings, strict Qt, precompiled headers, sanitizers.
+add_library(tarnwick_options INTERFACE)
+target_include_directories(tarnwick_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_definitions(tarnwick_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING
+  QT_NO_KEYWORDS QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400
+  TARNWICK_VERSION="${PROJECT_VERSION}")
+target_compile_options(tarnwick_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wno-sign-conversion -Werror)
+if(TARNWICK_SANITIZE)
+  target_compile_options(tarnwick_options INTERFACE -fsanitize=${TARNWICK_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  target_link_options(tarnwick_options INTERFACE -fsanitize=${TARNWICK_SANITIZE})
+endif()
+
+function(tarnwick_precompile target header)
+  if(TARNWICK_PCH)
+    target_precompile_headers(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/${header})
+  endif()
+endfunction()
+
+# One static library per folder of src/; the targets it links are the folders that it may include.
+function(tarnwick_folder name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_library(tarnwick_${name} STATIC ${ARG_SOURCES})
+  target_link_libraries(tarnwick_${name} PUBLIC tarnwick_options ${ARG_LINK})
+  tarnwick_precompile(tarnwick_${name} precompiled.h)
+endfunction()
+
+# One test executable per folder of tests/; runs on the offscreen platform unless it says otherwise.
+function(tarnwick_test name)
+  cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "SOURCES;LINK" ${ARGN})
+  if(NOT ARG_LABEL)
+    set(ARG_LABEL fast)
+  endif()
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 300)
+  endif()
+  add_executable(test_${name} ${ARG_SOURCES})
+  target_link_libraries(test_${name} PRIVATE tarnwick_test_support ${ARG_LINK})
+  tarnwick_precompile(test_${name} precompiled_test.h)
+  if(ARG_LABEL STREQUAL fast)
+    add_test(NAME ${name} COMMAND test_${name})
+    set_tests_properties(${name} PROPERTIES LABELS fast TIMEOUT ${ARG_TIMEOUT}
+      ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false;LC_ALL=C.UTF-8;QT_QPA_PLATFORMTHEME=;TZ=Europe/Berlin")
+  endif()
+endfunction()

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// What the user is working on: the application in front, and for a code editor the folder, repository and branch.
+#pragma once
+
+#include "context/GitRunner.h"
+#include "platform/Accessibility.h"
+#include "platform/Scheduler.h"
+#include "platform/Workspace.h"
+
+#include <QObject>
+
+#include <optional>
+#include <vector>
+
+namespace tarnwick {
+
+class NotificationCenter;
+class UserDefaults;
+
+struct ContextSnapshot {
+  std::optional<QString> frontBundleID;
+  std::optional<QString> folderPath;
+  std::optional<QString> gitRoot;
+  std::optional<QString> gitBranch;
+  bool operator==(const ContextSnapshot&) const = default;
+};
+
+class ContextEngine final : public QObject {
+  Q_OBJECT
+
+ public:
+  struct Ports {
+    Workspace& workspace;
+    Accessibility& accessibility;
+    Scheduler& scheduler;
+    GitRunner& git;
+  };
+
+  ContextEngine(Ports ports, const UserDefaults& defaults, NotificationCenter& center);
+  ~ContextEngine() override;
+
+  void start();
+  void stop();
+  void scheduleUpdate();
+
+  [[nodiscard]] const ContextSnapshot& snapshot() const { return m_snapshot; }
+  /// The application other than this one that was in front last.
+  [[nodiscard]] const std::optional<RunningApplication>& lastExternalApp() const { return m_lastExternalApp; }
+
+ Q_SIGNALS:
+  void snapshotChanged();
+  void lastExternalAppChanged();
+
+ private:
+  void applicationActivated(const RunningApplication& application);
+  void resolveGitContext(std::optional<QString> bundleID, std::optional<QString> folder);
+  void publish(ContextSnapshot snapshot);
+
+  Ports m_ports;
+  const UserDefaults& m_defaults;
+  NotificationCenter& m_center;
+  ContextSnapshot m_snapshot;
+  std::optional<RunningApplication> m_lastExternalApp;
+  Registration m_workspaceObserver;
+  Registration m_debounceWork;
+  quint64 m_generation = 0;  // of the update under way; older answers are dropped
+};
+
+}  // namespace tarnwick

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// The settings window: four panes whose controls are bound straight to the settings keys.
+#pragma once
+
+#include "platform/CaptureWatch.h"
+#include "platform/Clock.h"
+#include "platform/LoginItem.h"
+#include "platform/Workspace.h"
+
+#include <QWidget>
+
+#include <functional>
+
+namespace tarnwick {
+
+class AppNotesPrefs;
+class NotificationCenter;
+class SoundEngine;
+class UpdateChecker;
+class UserDefaults;
+
+struct SettingsServices {
+  UserDefaults& defaults;
+  NotificationCenter& center;
+  SoundEngine& sound;
+  UpdateChecker& updates;
+  LoginItem& loginItem;
+  const CaptureWatch& capture;
+  Workspace& workspace;
+};
+
+class SettingsView final : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit SettingsView(const SettingsServices& services, QWidget* parent = nullptr);
+  ~SettingsView() override;
+
+  enum class Pane { General, Notes, Sound, About };
+  void selectPane(Pane pane);
+  [[nodiscard]] Pane pane() const;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  struct Content;
+  std::unique_ptr<Content> m_content;
+};
+
+}  // namespace tarnwick

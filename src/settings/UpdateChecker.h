@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// Reads the version feed and tells whether a newer Tarnwick is out.
+#pragma once
+
+#include "platform/Clock.h"
+#include "platform/Workspace.h"
+
+#include <QObject>
+#include <QUrl>
+
+#include <optional>
+
+class QNetworkAccessManager;
+class QNetworkReply;
+
+namespace tarnwick {
+
+class UserDefaults;
+
+struct Release {
+  QString version;
+  QUrl url;
+  std::optional<QString> notes;
+  bool operator==(const Release&) const = default;
+};
+
+class UpdateChecker final : public QObject {
+  Q_OBJECT
+
+ public:
+  enum class Status { idle, checking, upToDate, available, failed };
+
+  UpdateChecker(UserDefaults& defaults, const Clock& clock, Workspace& workspace, QUrl feedUrl);
+  ~UpdateChecker() override;
+
+  [[nodiscard]] Status status() const { return m_status; }
+  /// Present exactly while the status is available.
+  [[nodiscard]] const std::optional<Release>& release() const { return m_release; }
+  [[nodiscard]] static QString currentVersion();
+  [[nodiscard]] bool autoCheckEnabled() const;
+  void checkIfDue();
+  void check();
+  /// What the board advertises: a found release that was not hidden.
+  [[nodiscard]] std::optional<Release> bannerRelease() const;
+  void dismissBanner();
+  void openDownload();
+
+  /// Nothing when the bytes are no release.
+  [[nodiscard]] static std::optional<Release> decode(const QByteArray& body);
+  /// Runs of digits compare by value; negative, zero or positive.
+  [[nodiscard]] static int compareVersions(const QString& a, const QString& b);
+
+ Q_SIGNALS:
+  void changed();
+
+ private:
+  void finish(QNetworkReply& reply);
+  void setStatus(Status status, std::optional<Release> release = std::nullopt);
+
+  UserDefaults& m_defaults;
+  const Clock& m_clock;
+  Workspace& m_workspace;
+  QUrl m_feedUrl;
+  QNetworkAccessManager* m_network = nullptr;  // made at the first check: it costs start-up time
+  Status m_status = Status::idle;
+  std::optional<Release> m_release;
+};
+
+}  // namespace tarnwick

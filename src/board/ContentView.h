@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+// The whole board: rail, wall of cards, plan nudge, ashes, composer and editor, on its own rounded surface.
+// The window around it is the board panel's; every list and count comes from BoardQueries.
+#pragma once
+
+#include "board/BoardServices.h"
+#include "model/Task.h"
+
+#include <QWidget>
+
+#include <memory>
+
+namespace tarnwick {
+
+class ContentView final : public QWidget {
+  Q_OBJECT
+
+ public:
+  static constexpr int kSide = 390;
+
+  explicit ContentView(const BoardServices& services, QWidget* parent = nullptr);
+  ~ContentView() override;
+
+  enum class ViewState { list, add, edit };
+  [[nodiscard]] ViewState viewState() const;
+  /// Open a blank composer; one that is open already keeps what was typed.
+  void showComposer();
+  /// Back to the wall; what composer or editor held is dropped.
+  void showList();
+  void showEditor(const TaskPtr& task);
+  void showAshes();
+  /// Gives the keyboard to what the user will type into first: the wall, or the open editor's text.
+  void takeFocus();
+
+  [[nodiscard]] QSize sizeHint() const override { return {kSide, kSide}; }
+
+ Q_SIGNALS:
+  /// The wall, the composer or the editor came up.
+  void viewStateChanged();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  bool focusNextPrevChild(bool isNext) override;  // NOLINT: Qt's signature
+
+ private:
+  struct Content;
+  std::unique_ptr<Content> m_content;
+};
+
+}  // namespace tarnwick

@@ -5,11 +5,13 @@
 #include "platform/CaptureWatch.h"
 #include "platform/Clock.h"
 #include "platform/LoginItem.h"
+#include "platform/Scheduler.h"
 #include "platform/Workspace.h"
 
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 
 namespace tarnwick {
 
@@ -27,6 +29,7 @@ struct SettingsServices {
   LoginItem& loginItem;
   const CaptureWatch& capture;
   Workspace& workspace;
+  Scheduler& scheduler;
 };
 
 class SettingsView final : public QWidget {

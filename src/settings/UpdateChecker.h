@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QUrl>
 
+#include <chrono>
 #include <optional>
 
 class QNetworkAccessManager;
@@ -30,12 +31,21 @@ class UpdateChecker final : public QObject {
  public:
   enum class Status { idle, checking, upToDate, available, failed };
 
-  UpdateChecker(UserDefaults& defaults, const Clock& clock, Workspace& workspace, QUrl feedUrl);
+  static constexpr std::chrono::milliseconds kTimeout{10'000};
+  /// A feed is a few lines; a longer answer is none.
+  static constexpr qint64 kLargestBody = 64 * 1024;
+
+  /// The timeout is of a connection on which nothing moves.
+  UpdateChecker(UserDefaults& defaults, const Clock& clock, Workspace& workspace, QUrl feedUrl,
+                std::chrono::milliseconds timeout = kTimeout);
   ~UpdateChecker() override;
 
   [[nodiscard]] Status status() const { return m_status; }
   /// Present exactly while the status is available.
   [[nodiscard]] const std::optional<Release>& release() const { return m_release; }
+  /// Where releases are published.
+  [[nodiscard]] static QUrl feedURL();
+  /// The application's version; "0" when it has none.
   [[nodiscard]] static QString currentVersion();
   [[nodiscard]] bool autoCheckEnabled() const;
   void checkIfDue();
@@ -54,6 +64,7 @@ class UpdateChecker final : public QObject {
   void changed();
 
  private:
+  [[nodiscard]] QNetworkReply* send();
   void finish(QNetworkReply& reply);
   void setStatus(Status status, std::optional<Release> release = std::nullopt);
 
@@ -61,6 +72,7 @@ class UpdateChecker final : public QObject {
   const Clock& m_clock;
   Workspace& m_workspace;
   QUrl m_feedUrl;
+  std::chrono::milliseconds m_timeout;
   QNetworkAccessManager* m_network = nullptr;  // made at the first check: it costs start-up time
   Status m_status = Status::idle;
   std::optional<Release> m_release;

@@ -1,44 +1,75 @@
 // SPDX-License-Identifier: MIT
-// The three pages that greet a new user, and the window they come in.
+// The three pages that greet a new user: how to open the board, how to crush a note, how a note finds the Trash.
 #pragma once
 
-#include "platform/Accessibility.h"
-#include "platform/Clock.h"
-#include "platform/Scheduler.h"
-#include "platform/Workspace.h"
-#include "platform/WindowServer.h"
+#include "settings/WelcomeWindowController.h"
 
+#include "platform/Registration.h"
+
+#include <QPointF>
 #include <QWidget>
 
+#include <chrono>
 #include <functional>
-#include <memory>
+#include <optional>
 
 namespace tarnwick {
 
-class UserDefaults;
-class WelcomeView;
+class WelcomeButton;
+class WelcomePrimaryButton;
 
-class WelcomeWindowController final {
+class WelcomeView final : public QWidget {
+  Q_OBJECT
+
  public:
-  struct Ports {
-    Accessibility& accessibility;
-    Scheduler& scheduler;
-    Workspace& workspace;
-    WindowServer& windowServer;
-  };
+  using Ports = WelcomeWindowController::Ports;
+  static constexpr QSize kSize{440, 400};
+  static constexpr int kPageCount = 3;
 
-  WelcomeWindowController(Ports ports, UserDefaults& defaults);
-  ~WelcomeWindowController();
+  WelcomeView(const Ports& ports, std::function<void()> onFinish, QWidget* parent = nullptr);
+  ~WelcomeView() override;
 
-  /// Shows the flow; finishing it stores that it was seen, hides the window and runs the action.
-  void show(std::function<void()> onFinish);
-  [[nodiscard]] bool isVisible() const;
-  [[nodiscard]] QWidget* window() const;
+  [[nodiscard]] int page() const { return m_page; }
+  /// Whether other programs' trees can be read, as last polled.
+  [[nodiscard]] bool isTrusted() const { return m_isTrusted; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
+  enum class Turn { Animated, AtOnce };
+
+  void goTo(int page, Turn turn);
+  void forward();
+  void stepSlide(std::chrono::nanoseconds mediaTime);
+  void readTrust();
+  void openAccessibilitySettings();
+  void refreshButtons();
+  void paintPage(QPainter& painter, int page) const;
+
   Ports m_ports;
-  UserDefaults& m_defaults;
-  std::unique_ptr<WelcomeView> m_view;
+  std::function<void()> m_onFinish;
+  int m_page = 0;
+  bool m_isTrusted = false;
+
+  double m_slideFrom = 0;      // page position at which the present turn began
+  double m_slidePosition = 0;  // 0 = first page, 2 = last
+  double m_slideVelocity = 0;  // pages per second when the present turn began
+  std::optional<std::chrono::nanoseconds> m_slideStart;
+  Registration m_slide;
+  Registration m_poll;
+  std::optional<QPoint> m_dragOffset;
+
+  WelcomeButton* m_back = nullptr;
+  WelcomeButton* m_openSettings = nullptr;
+  WelcomePrimaryButton* m_forward = nullptr;
 };
 
 }  // namespace tarnwick

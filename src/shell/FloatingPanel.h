@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+// The board's window: drops from the tray and tucks back. Owns every torn-off note's window and the table of them.
+// What the board shows is the content widget's affair.
+#pragma once
+
+#include "board/TornNotes.h"
+#include "platform/DesktopGeometry.h"
+#include "platform/Registration.h"
+#include "platform/WindowServer.h"
+#include "shell/BoardMotion.h"
+#include "shell/GhostController.h"
+#include "shell/ShellPorts.h"
+
+#include <QPixmap>
+#include <QPointer>
+#include <QUuid>
+#include <QWidget>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tarnwick {
+
+struct BoardServices;
+class TornNotePanel;
+
+/// What can be told about one torn-off window.
+struct TornWindowFacts {
+  QUuid id;
+  DesktopRect frame;
+  bool isVisible = false;
+  WindowLevel level = WindowLevel::Floating;
+  bool isGhost = false;
+  bool isTucked = false;
+  bool isDocked = false;
+  SharingType sharing = SharingType::ReadOnly;
+  double opacity = 1;
+};
+
+class FloatingPanel final : public QWidget, public TornNotes {
+  Q_OBJECT
+
+ public:
+  static constexpr int kSide = 390;
+  static constexpr int kShadowMargin = 36;
+  static constexpr double kCornerRadius = 26;
+  /// Where the tray's item is now, desktop coordinates; nothing when that is not known.
+  using AnchorSource = std::function<std::optional<DesktopRect>()>;
+
+  /// Hidden at first. `services` must outlive the panel.
+  FloatingPanel(const BoardServices& services, const ShellPorts& ports, std::unique_ptr<QWidget> content);
+  ~FloatingPanel() override;
+
+  void setAnchorSource(AnchorSource source) { m_anchorSource = std::move(source); }
+
+  void present();
+  void dismiss();
+  /// Presents unless it is shown and not on its way out.
+  void toggle();
+  /// On screen, also while it drops or tucks.
+  [[nodiscard]] bool isPresented() const { return isVisible(); }
+  [[nodiscard]] bool isDismissing() const { return m_isDismissing; }
+  /// Hides at once.
+  void orderOut();
+  /// Brings the open notes forward that belong to what is in front, and the program with them.
+  void resurfaceTornNotes();
+  [[nodiscard]] SharingType sharing() const { return m_sharing; }
+  [[nodiscard]] std::vector<TornWindowFacts> tornWindows() const;
+  /// Null when the note has no window.
+  [[nodiscard]] TornNotePanel* tornPanel(const QUuid& id) const;
+  [[nodiscard]] QWidget* content() const { return m_content; }
+
+  /// A note whose window was open when the program ended last opens where it was.
+  void tearOffTask(const TaskPtr& task, const std::optional<DesktopRect>& near) override;
+  void closePanel(const QUuid& id) override;
+  void redockTask(const TaskPtr& task) override;
+  [[nodiscard]] bool isOpen(const QUuid& id) const override;
+  [[nodiscard]] DesktopRect boardFrame() const override { return m_frame; }
+  void hideBoard() override { orderOut(); }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  /// Places the panel at its anchor; returns the pivot of the motion, in the panel's own top-left coordinates.
+  QPointF anchorToStatusItem();
+  [[nodiscard]] QPointF tuckPivot() const;
+  void setFrame(const DesktopRect& frame);
+  void applyGeometry();
+  /// Margins, mask and input shape for a desktop with or without a compositor.
+  void applyCompositing();
+  void applySharing();
+  void showInFront();
+  void startMotion(BoardMotion motion);
+  void stepMotion(std::chrono::nanoseconds now);
+  void endMotion();
+  void setAlpha(double alpha);
+  void paintShadow(QPainter& painter);
+  void screensChanged();
+  void forget(const QUuid& id);
+  void readRememberedFrames();
+  [[nodiscard]] int margin() const;
+  [[nodiscard]] bool isVeiled() const;
+
+  const BoardServices& m_services;
+  ShellPorts m_ports;
+  QWidget* m_content;
+  AnchorSource m_anchorSource;
+  DesktopRect m_frame{0, 0, kSide, kSide};  // inner panel, as wanted; the window system may lag behind
+  DesktopSpace m_space;
+  GhostController m_ghost;
+  std::map<QUuid, std::unique_ptr<TornNotePanel>> m_tornPanels;
+  std::map<QUuid, DesktopRect> m_rememberedFrames;  // as read at start-up
+  SharingType m_sharing = SharingType::ReadOnly;
+  bool m_isDismissing = false;
+  double m_alpha = 1;
+  std::optional<BoardMotion> m_motion;
+  std::chrono::nanoseconds m_motionStart{0};
+  QPixmap m_picture;  // of the content, while it moves
+  QPixmap m_shadow;
+  std::optional<QPointF> m_dragOffset;
+  Registration m_frames;
+  Registration m_replace;
+  Registration m_screensObserver;
+  Registration m_captureObserver;
+  std::vector<std::unique_ptr<TornNotePanel>> m_leaving;  // closed from within their own events
+  Registration m_release;
+};
+
+}  // namespace tarnwick

@@ -29,12 +29,16 @@ struct NoteDraft {
   [[nodiscard]] bool isEmpty() const;
 };
 
-/// What only the command line can ask for beside the draft.
+/// What only the command line can ask for beside the draft. A text that is present but empty clears the field.
 struct NoteExtras {
+  /// Whether `save` writes the draft whole, or leaves alone, to the letter, what the draft has unchanged.
+  enum class Unchanged { Write, Keep };
+
   std::optional<QString> pinnedBundleID;
   std::optional<QString> gitRepoPath;
   std::optional<QString> gitBranch;
   std::optional<QString> tagRaw;
+  Unchanged unchanged = Unchanged::Write;
 };
 
 class NoteEditing final {
@@ -47,6 +51,10 @@ class NoteEditing final {
   Result<TaskPtr> create(const NoteDraft& draft, const NoteExtras& extras = {});
   /// Writes the draft back, saves, plays, tells. False for blank text, and nothing is written. `extras` override.
   Result<bool> save(Task& task, const NoteDraft& draft, const NoteExtras& extras = {});
+  /// Where a new note goes: onto the desktop, near the board, which hides. The board panel must exist.
+  void stick(const TaskPtr& task);
+  /// What the composer and the editor drop from both ends of a text.
+  [[nodiscard]] static QString trimmed(const QString& text);
 
  private:
   const BoardServices& m_services;

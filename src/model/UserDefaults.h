@@ -10,6 +10,7 @@
 #include <QJsonValue>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 #include <vector>
@@ -58,6 +59,7 @@ class UserDefaults final : public QObject {
   QString m_path;
   QHash<QString, QJsonValue> m_registered;
   QHash<QString, QJsonValue> m_stored;
+  bool m_isReplaceable = true;  // false while a file is in the way that could not be read or set aside
 };
 
 }  // namespace tarnwick

@@ -3,14 +3,16 @@
 #pragma once
 
 #include "context/GitRunner.h"
+#include "context/ProcessFacts.h"
 #include "platform/Accessibility.h"
 #include "platform/Scheduler.h"
 #include "platform/Workspace.h"
 
 #include <QObject>
+#include <QPointer>
 
+#include <functional>
 #include <optional>
-#include <vector>
 
 namespace tarnwick {
 
@@ -34,6 +36,7 @@ class ContextEngine final : public QObject {
     Accessibility& accessibility;
     Scheduler& scheduler;
     GitRunner& git;
+    std::function<ProcessFacts(qint64 pid)> processFacts = tarnwick::processFacts;
   };
 
   ContextEngine(Ports ports, const UserDefaults& defaults, NotificationCenter& center);
@@ -42,6 +45,11 @@ class ContextEngine final : public QObject {
   void start();
   void stop();
   void scheduleUpdate();
+
+  /// Whether a folder is looked up for it: one of the seven known identifiers, or an editor by its desktop entry.
+  [[nodiscard]] static bool isCodeEditor(const RunningApplication& application);
+  /// Folder of a document given as a URL or as a plain path.
+  [[nodiscard]] static std::optional<QString> folderOfDocument(const QString& document);
 
   [[nodiscard]] const ContextSnapshot& snapshot() const { return m_snapshot; }
   /// The application other than this one that was in front last.
@@ -53,6 +61,8 @@ class ContextEngine final : public QObject {
 
  private:
   void applicationActivated(const RunningApplication& application);
+  void setLastExternalApp(const RunningApplication& application);
+  [[nodiscard]] std::optional<QString> extractFolderPath(const RunningApplication& application) const;
   void resolveGitContext(std::optional<QString> bundleID, std::optional<QString> folder);
   void publish(ContextSnapshot snapshot);
 

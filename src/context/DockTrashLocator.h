@@ -8,6 +8,7 @@
 #include "platform/Workspace.h"
 
 #include <optional>
+#include <vector>
 
 namespace tarnwick {
 
@@ -31,6 +32,7 @@ class DockTrashLocator final {
   [[nodiscard]] DesktopPoint geometricFallback(const ScreenFacts& screen) const;
 
  private:
+  [[nodiscard]] std::optional<DesktopRect> pickedTarget(const std::vector<ScreenFacts>& screens) const;
   [[nodiscard]] std::optional<DesktopRect> find(const ElementRef& element, int depth) const;
 
   Ports m_ports;

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "context/ContextEngine.h"
+
+#include "context/EditorTitle.h"
+#include "model/NotificationCenter.h"
+#include "model/SettingsKeys.h"
+#include "model/UserDefaults.h"
+
+#include <QDir>
+#include <QUrl>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr std::chrono::milliseconds kDebounce{300};
+
+constexpr std::array kCodeEditorBundles{
+    "com.microsoft.VSCode",      "com.apple.dt.Xcode", "com.todesktop.230313mzl4w4u92",
+    "dev.zed.Zed",               "com.sublimetext.4",  "com.jetbrains.intellij.ce",
+    "com.jetbrains.AppCode",
+};
+
+std::optional<QString> identifierOf(const std::optional<RunningApplication>& application) {
+  if (!application || application->bundleID.isEmpty()) return std::nullopt;
+  return application->bundleID;
+}
+
+}  // namespace
+
+ContextEngine::ContextEngine(Ports ports, const UserDefaults& defaults, NotificationCenter& center)
+    : m_ports(std::move(ports)), m_defaults(defaults), m_center(center) {}
+
+ContextEngine::~ContextEngine() { stop(); }
+
+bool ContextEngine::isCodeEditor(const RunningApplication& application) {
+  return application.isCodeEditor || std::any_of(kCodeEditorBundles.begin(), kCodeEditorBundles.end(),
+                                                 [&](const auto* known) {
+                                                   return application.bundleID == QLatin1StringView(known);
+                                                 });
+}
+
+std::optional<QString> ContextEngine::folderOfDocument(const QString& document) {
+  QString path = document;
+  if (!document.startsWith(u'/')) {
+    if (const QUrl url(document, QUrl::StrictMode); url.isValid()) path = url.path(QUrl::FullyDecoded);
+  }
+  while (path.size() > 1 && path.endsWith(u'/')) path.chop(1);
+  const auto slash = path.lastIndexOf(u'/');
+  if (slash < 0 || path.size() == 1) return std::nullopt;
+  return slash == 0 ? QStringLiteral("/") : path.left(slash);
+}
+
+void ContextEngine::start() {
+  if (m_defaults.boolean(keys::kHasSeenWelcome) && !m_ports.accessibility.isTrusted(AccessNeed::Tree)) {
+    m_ports.accessibility.requestTrust();
+  }
+  m_workspaceObserver =
+      m_ports.workspace.onActivated([this](const RunningApplication& application) { applicationActivated(application); });
+  if (const auto front = m_ports.workspace.frontmost(); front && front->bundleID != kApplicationID) {
+    setLastExternalApp(*front);
+  }
+  scheduleUpdate();
+}
+
+void ContextEngine::stop() {
+  m_workspaceObserver.cancel();
+  m_debounceWork.cancel();
+  ++m_generation;
+}
+
+void ContextEngine::applicationActivated(const RunningApplication& application) {
+  if (application.bundleID != kApplicationID) setLastExternalApp(application);
+  scheduleUpdate();
+}
+
+void ContextEngine::setLastExternalApp(const RunningApplication& application) {
+  if (m_lastExternalApp == application) return;
+  m_lastExternalApp = application;
+  Q_EMIT lastExternalAppChanged();
+}
+
+void ContextEngine::scheduleUpdate() {
+  const auto front = m_ports.workspace.frontmost();
+  std::optional<QString> folder;
+  // Window titles are readable where frames are; the tree adds the documents of programs that tell.
+  const bool isTrusted = m_ports.accessibility.isTrusted(AccessNeed::Tree) ||
+                         m_ports.accessibility.isTrusted(AccessNeed::Frames);
+  if (front && isTrusted && front->pid >= 1 && isCodeEditor(*front)) folder = extractFolderPath(*front);
+  m_debounceWork = m_ports.scheduler.after(
+      kDebounce, [this, bundleID = identifierOf(front), folder] { resolveGitContext(bundleID, folder); });
+}
+
+std::optional<QString> ContextEngine::extractFolderPath(const RunningApplication& application) const {
+  const auto window = m_ports.accessibility.focusedWindow(application.pid);
+  if (!window) return std::nullopt;
+  const auto facts = m_ports.accessibility.facts(*window);
+  if (!facts) return std::nullopt;
+  if (facts->document) return folderOfDocument(*facts->document);
+  const auto process = m_ports.processFacts(application.pid);
+  return folderFromTitle(facts->title, {application.name, process.workingFolder, process.arguments, QDir::homePath()},
+                         probePath);
+}
+
+void ContextEngine::resolveGitContext(std::optional<QString> bundleID, std::optional<QString> folder) {
+  const auto generation = ++m_generation;
+  ContextSnapshot snapshot{std::move(bundleID), std::move(folder), std::nullopt, std::nullopt};
+  if (!snapshot.folderPath) {
+    publish(std::move(snapshot));
+    return;
+  }
+  const auto isCurrent = [self = QPointer<ContextEngine>(this), generation] {
+    return self && self->m_generation == generation;
+  };
+  m_ports.git.run({QStringLiteral("-C"), *snapshot.folderPath, QStringLiteral("rev-parse"),
+                   QStringLiteral("--show-toplevel")},
+                  [this, isCurrent, snapshot](std::optional<QString> root) mutable {
+                    if (!isCurrent()) return;
+                    if (!root) {
+                      publish(std::move(snapshot));
+                      return;
+                    }
+                    snapshot.gitRoot = root;
+                    m_ports.git.run({QStringLiteral("-C"), *root, QStringLiteral("branch"),
+                                     QStringLiteral("--show-current")},
+                                    [this, isCurrent, snapshot](std::optional<QString> branch) mutable {
+                                      if (!isCurrent()) return;
+                                      snapshot.gitBranch = std::move(branch);
+                                      publish(std::move(snapshot));
+                                    });
+                  });
+}
+
+void ContextEngine::publish(ContextSnapshot snapshot) {
+  const bool isDifferent = m_snapshot != snapshot;
+  m_snapshot = std::move(snapshot);
+  if (isDifferent) Q_EMIT snapshotChanged();
+  Q_EMIT m_center.contextChanged(m_snapshot.gitRoot, m_snapshot.frontBundleID);
+}
+
+}  // namespace tarnwick

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "context/GitQueue.h"
+
+#include <QProcess>
+#include <QStringDecoder>
+
+namespace tarnwick {
+
+namespace {
+
+/// Without what a hook or a script that started us may have set: it would answer for another repository.
+QProcessEnvironment cleanEnvironment() {
+  auto environment = QProcessEnvironment::systemEnvironment();
+  for (const auto* name : {"GIT_DIR", "GIT_WORK_TREE", "GIT_INDEX_FILE", "GIT_PREFIX", "GIT_COMMON_DIR"}) {
+    environment.remove(QLatin1StringView(name));
+  }
+  return environment;
+}
+
+}  // namespace
+
+GitQueue::GitQueue(Scheduler& scheduler, QString program) : m_scheduler(scheduler), m_program(std::move(program)) {
+  setObjectName(QStringLiteral("tarnwick.context.git"));
+}
+
+GitQueue::~GitQueue() { abandonChild(); }
+
+void GitQueue::run(const QStringList& arguments, Answer answer) {
+  m_questions.push_back({arguments, std::move(answer)});
+  startNext();
+}
+
+std::optional<QString> GitQueue::textOf(const QByteArray& output) {
+  QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+  const QString text = QString(decoder(output)).trimmed();
+  if (decoder.hasError() || text.isEmpty()) return std::nullopt;
+  return text;
+}
+
+void GitQueue::startNext() {
+  if (m_child || m_questions.empty()) return;
+  m_child = new QProcess(this);
+  m_child->setProcessEnvironment(cleanEnvironment());
+  m_child->setStandardInputFile(QProcess::nullDevice());
+  m_child->setStandardErrorFile(QProcess::nullDevice());
+  connect(m_child, &QProcess::finished, this, [this](int exitCode, QProcess::ExitStatus status) {
+    const bool isGood = status == QProcess::NormalExit && exitCode == 0;
+    finish(isGood ? textOf(m_child->readAllStandardOutput()) : std::nullopt);
+  });
+  // From the event loop: a program that cannot be started fails inside start().
+  connect(
+      m_child, &QProcess::errorOccurred, this,
+      [this, child = m_child](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart && child == m_child) finish(std::nullopt);
+      },
+      Qt::QueuedConnection);
+  m_patience = m_scheduler.after(kPatience, [this] { finish(std::nullopt); });
+  m_child->start(m_program, m_questions.front().arguments, QIODevice::ReadOnly);
+}
+
+void GitQueue::finish(std::optional<QString> text) {
+  if (!m_child) return;
+  m_patience = {};
+  abandonChild();
+  const auto answer = std::move(m_questions.front().answer);
+  m_questions.pop_front();
+  // The next one first: the answer may well ask for more, which then queues behind it.
+  startNext();
+  if (answer) answer(std::move(text));
+}
+
+void GitQueue::abandonChild() {
+  if (!m_child) return;
+  auto* child = std::exchange(m_child, nullptr);
+  child->disconnect(this);
+  child->setParent(nullptr);
+  if (child->state() == QProcess::NotRunning) {
+    child->deleteLater();
+    return;
+  }
+  // Deleting a process object waits for the process; one that cannot even be killed is left to end by itself.
+  connect(child, &QProcess::finished, child, &QObject::deleteLater);
+  child->kill();
+}
+
+}  // namespace tarnwick

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// Starts crush flights and sees each to its end: which screen, which target, the tap and the sound of the landing, and
+// the one completion. What moves where is CrushPlan's; painting is CrushOverlayWindow's.
+#pragma once
+
+#include "effects/CrushFlight.h"
+#include "platform/Audio.h"
+#include "platform/Clock.h"
+#include "platform/Haptics.h"
+#include "platform/Scheduler.h"
+#include "platform/Screens.h"
+#include "platform/WindowServer.h"
+
+#include <list>
+#include <memory>
+
+namespace tarnwick {
+
+class DockTrashLocator;
+
+class CrushToTrashAnimator final : public CrushFlight {
+ public:
+  struct Ports {
+    const Screens& screens;
+    Scheduler& scheduler;
+    const Clock& clock;
+    WindowServer& windows;
+    Haptics& haptics;
+    Audio& audio;
+    DockTrashLocator& trash;
+  };
+
+  explicit CrushToTrashAnimator(Ports ports);
+  /// Flights under way are dropped without their completion.
+  ~CrushToTrashAnimator() override;
+
+  void play(const DesktopRect& from, const QColor& paper, const QImage& picture, Motion motion,
+            std::function<void()> completion) override;
+
+  [[nodiscard]] int flightsUnderWay() const { return static_cast<int>(m_flights.size()); }
+
+ private:
+  struct Flight;
+  void finish(const Flight* flight);
+
+  Ports m_ports;
+  std::list<std::unique_ptr<Flight>> m_flights;
+};
+
+}  // namespace tarnwick

@@ -73,7 +73,11 @@ QDateTime Task::startOfTomorrow(const QDateTime& now, const Calendar& calendar) 
 }
 
 bool Task::isSleeping(const QDateTime& now, const Calendar& calendar) const {
-  return recurrence() != Recurrence::none && m_record.dueDate && *m_record.dueDate >= startOfTomorrow(now, calendar);
+  return m_record.dueDate && recurrence() != Recurrence::none && isSleeping(startOfTomorrow(now, calendar));
+}
+
+bool Task::isSleeping(const QDateTime& startOfTomorrow) const {
+  return m_record.dueDate && *m_record.dueDate >= startOfTomorrow && recurrence() != Recurrence::none;
 }
 
 bool Task::applyCrush(const QDateTime& now, const Calendar& calendar) {

@@ -94,6 +94,8 @@ class Task final {
   [[nodiscard]] static QDateTime startOfTomorrow(const QDateTime& now, const Calendar& calendar);
   /// A repeating note whose date is tomorrow or later.
   [[nodiscard]] bool isSleeping(const QDateTime& now, const Calendar& calendar) const;
+  /// The same for many notes at once, with startOfTomorrow worked out before.
+  [[nodiscard]] bool isSleeping(const QDateTime& startOfTomorrow) const;
   /// Completes the note, or moves a repeating one to its first date from tomorrow on; true when it was moved.
   bool applyCrush(const QDateTime& now, const Calendar& calendar);
 

@@ -27,9 +27,10 @@ function(tarnwick_folder name)
   tarnwick_precompile(tarnwick_${name} precompiled.h)
 endfunction()
 
-# One test executable per folder of tests/; runs on the offscreen platform unless it says otherwise.
+# One test executable per folder of tests/; runs on the offscreen platform unless it says otherwise. With LABEL session it
+# runs in a virtual desktop of its own; DESKTOP gives that desktop's options, tarnwick_session adds further desktops.
 function(tarnwick_test name)
-  cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "" "LABEL;TIMEOUT" "SOURCES;LINK;DESKTOP" ${ARGN})
   if(NOT ARG_LABEL)
     set(ARG_LABEL fast)
   endif()
@@ -43,5 +44,18 @@ function(tarnwick_test name)
     add_test(NAME ${name} COMMAND test_${name})
     set_tests_properties(${name} PROPERTIES LABELS fast TIMEOUT ${ARG_TIMEOUT}
       ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_LOGGING_RULES=qt.qpa.*=false;LC_ALL=C.UTF-8;QT_QPA_PLATFORMTHEME=;TZ=Europe/Berlin")
+  elseif(ARG_LABEL STREQUAL session)
+    tarnwick_session(${name} DESKTOP ${ARG_DESKTOP} COMMAND $<TARGET_FILE:test_${name}>)
   endif()
+endfunction()
+
+# A test that runs a command in the virtual desktop. Two processors each: sessions do not crowd one another out.
+function(tarnwick_session name)
+  cmake_parse_arguments(ARG "" "TIMEOUT" "DESKTOP;COMMAND" ${ARGN})
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 120)
+  endif()
+  add_test(NAME ${name} COMMAND ${PROJECT_SOURCE_DIR}/tests/session/desktop ${ARG_DESKTOP} -- ${ARG_COMMAND})
+  set_tests_properties(${name} PROPERTIES LABELS session TIMEOUT ${ARG_TIMEOUT} PROCESSORS 2
+    ENVIRONMENT "LC_ALL=C.UTF-8;TZ=Europe/Berlin")
 endfunction()

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+#include "linux/x11/X11WindowServer.h"
+
+#include "linux/qt/QtWindowServer.h"
+#include "linux/x11/XcbConnection.h"
+
+#include <QGuiApplication>
+#include <QWindow>
+#include <QtGui/qguiapplication_platform.h>
+
+#include <xcb/xfixes.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr uint32_t kSourcePager = 2;  // a request on the user's behalf: no focus-stealing prevention
+constexpr uint32_t kAllDesktops = 0xFFFFFFFF;
+constexpr xcb_xfixes_region_t kInputShape = 2;  // ShapeInput
+
+xcb_connection_t* qtConnection() {
+  const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+  return x11 ? x11->connection() : nullptr;
+}
+
+xcb_atom_t intern(xcb_connection_t* connection, const char* name) {
+  const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+      connection, xcb_intern_atom(connection, 0, static_cast<uint16_t>(std::strlen(name)), name), nullptr));
+  return reply ? reply->atom : XCB_NONE;
+}
+
+xcb_window_t idOf(QWindow& window) { return static_cast<xcb_window_t>(window.winId()); }
+
+QMargins toNative(const QMargins& margins, double scale) {
+  const auto pixels = [scale](int points) { return static_cast<int>(std::lround(points * scale)); };
+  return {pixels(margins.left()), pixels(margins.top()), pixels(margins.right()), pixels(margins.bottom())};
+}
+
+}  // namespace
+
+X11WindowServer::X11WindowServer()
+    : m_connection(qtConnection()), m_root(xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root) {
+  const auto atom = [this](const char* name) { return intern(m_connection, name); };
+  m_atoms = {atom("_NET_WM_DESKTOP"),         atom("_NET_ACTIVE_WINDOW"),       atom("_NET_RESTACK_WINDOW"),
+             atom("_NET_WM_STATE"),           atom("_NET_WM_STATE_BELOW"),      atom("_NET_WM_STATE_ABOVE"),
+             atom("_NET_WM_STATE_SKIP_TASKBAR"), atom("_NET_WM_STATE_SKIP_PAGER"), atom("_GTK_FRAME_EXTENTS"),
+             atom("_NET_SUPPORTING_WM_CHECK")};
+  const XcbReply<xcb_xfixes_query_version_reply_t> version(
+      xcb_xfixes_query_version_reply(m_connection, xcb_xfixes_query_version(m_connection, 5, 0), nullptr));
+}
+
+void X11WindowServer::prepare(QWindow& window, WindowLevel level) {
+  window.setFlags(flagsForLevel(window.flags(), level));
+  window.setProperty("_q_showWithoutActivating", true);
+}
+
+void X11WindowServer::applyLevel(QWindow& window, WindowLevel level) {
+  // Qt rewrites type and state from its flags whenever one changes, so the level must live in the flags as well.
+  const auto flags = flagsForLevel(window.flags(), level);
+  if (window.flags() != flags) window.setFlags(flags);
+  if (level != WindowLevel::Overlay && window.isVisible()) {
+    setState(window, level == WindowLevel::Desktop, m_atoms.below);
+    setState(window, level == WindowLevel::Floating, m_atoms.above);
+    setState(window, true, m_atoms.skipTaskbar, m_atoms.skipPager);
+    // Window managers forget it at each hide, and some ignore the property before the first show.
+    sendToRoot(window, m_atoms.desktop, {kAllDesktops, kSourcePager});
+  }
+  applyShape(window);
+  xcb_flush(m_connection);
+}
+
+void X11WindowServer::setClickThrough(QWindow& window, ClickThrough clickThrough) {
+  // Through the shape and not through Qt's flag: that one would rewrite state and knows no margins.
+  wishesOf(window).clickThrough = clickThrough;
+  applyShape(window);
+  xcb_flush(m_connection);
+}
+
+void X11WindowServer::setOpacity(QWindow& window, double opacity) {
+  window.setOpacity(opacity);
+  xcb_flush(m_connection);  // a property alone would wait in the buffer for the next event
+}
+
+void X11WindowServer::setShadowMargins(QWindow& window, const QMargins& margins) {
+  wishesOf(window).margins = margins;
+  const auto native = toNative(margins, window.devicePixelRatio());
+  if (native.isNull()) {
+    xcb_delete_property(m_connection, idOf(window), m_atoms.gtkExtents);
+  } else {
+    const uint32_t extents[] = {static_cast<uint32_t>(native.left()), static_cast<uint32_t>(native.right()),
+                                static_cast<uint32_t>(native.top()), static_cast<uint32_t>(native.bottom())};
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, idOf(window), m_atoms.gtkExtents, XCB_ATOM_CARDINAL, 32, 4,
+                        extents);
+  }
+  applyShape(window);
+  xcb_flush(m_connection);
+}
+
+void X11WindowServer::raiseWithoutActivating(QWindow& window) {
+  if (window.flags().testFlag(Qt::BypassWindowManagerHint) || !hasWindowManager()) {
+    const uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(m_connection, idOf(window), XCB_CONFIG_WINDOW_STACK_MODE, &above);
+  } else {
+    sendToRoot(window, m_atoms.restack, {kSourcePager, XCB_NONE, XCB_STACK_MODE_ABOVE});
+  }
+  xcb_flush(m_connection);
+}
+
+void X11WindowServer::activate(QWindow& window) {
+  if (hasWindowManager()) {
+    sendToRoot(window, m_atoms.activeWindow, {kSourcePager, XCB_CURRENT_TIME, XCB_NONE});
+  } else {
+    window.raise();
+    window.requestActivate();
+  }
+  xcb_flush(m_connection);
+}
+
+void X11WindowServer::setSharing(QWindow& window, SharingType sharing) {
+  window.setProperty("tarnwickSharing", sharing == SharingType::None ? QStringLiteral("none") : QStringLiteral("readOnly"));
+}
+
+X11WindowServer::Wishes& X11WindowServer::wishesOf(QWindow& window) {
+  const auto found = m_wishes.find(&window);
+  if (found != m_wishes.end()) return *found;
+  connect(&window, &QObject::destroyed, this, [this](const QObject* gone) { m_wishes.remove(gone); });
+  const auto reshape = [this, &window] {
+    if (window.handle()) applyShape(window);
+  };
+  connect(&window, &QWindow::widthChanged, this, reshape);
+  connect(&window, &QWindow::heightChanged, this, reshape);
+  return *m_wishes.insert(&window, {});
+}
+
+void X11WindowServer::applyShape(QWindow& window) {
+  const auto found = m_wishes.constFind(&window);
+  if (found == m_wishes.constEnd()) return;
+  if (found->clickThrough == ClickThrough::Off && found->margins.isNull()) {
+    xcb_xfixes_set_window_shape_region(m_connection, idOf(window), kInputShape, 0, 0, XCB_NONE);
+    return;
+  }
+  const double scale = window.devicePixelRatio();
+  const QRect inner = QRect(QPoint(0, 0), window.size() * scale).marginsRemoved(toNative(found->margins, scale));
+  const xcb_rectangle_t rectangle{static_cast<int16_t>(inner.x()), static_cast<int16_t>(inner.y()),
+                                  static_cast<uint16_t>(std::max(inner.width(), 0)),
+                                  static_cast<uint16_t>(std::max(inner.height(), 0))};
+  const auto region = xcb_generate_id(m_connection);
+  xcb_xfixes_create_region(m_connection, region, found->clickThrough == ClickThrough::On ? 0 : 1, &rectangle);
+  xcb_xfixes_set_window_shape_region(m_connection, idOf(window), kInputShape, 0, 0, region);
+  xcb_xfixes_destroy_region(m_connection, region);
+}
+
+void X11WindowServer::sendToRoot(QWindow& window, xcb_atom_t type, std::initializer_list<uint32_t> data) {
+  xcb_client_message_event_t event{};
+  event.response_type = XCB_CLIENT_MESSAGE;
+  event.format = 32;
+  event.window = idOf(window);
+  event.type = type;
+  std::copy(data.begin(), data.end(), event.data.data32);
+  xcb_send_event(m_connection, 0, m_root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                 reinterpret_cast<const char*>(&event));
+}
+
+void X11WindowServer::setState(QWindow& window, bool isOn, xcb_atom_t first, xcb_atom_t second) {
+  sendToRoot(window, m_atoms.state, {isOn ? 1U : 0U, first, second, kSourcePager});
+}
+
+bool X11WindowServer::hasWindowManager() const {
+  const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+      m_connection, xcb_get_property(m_connection, 0, m_root, m_atoms.wmCheck, XCB_ATOM_WINDOW, 0, 1), nullptr));
+  return reply && xcb_get_property_value_length(reply.get()) > 0;
+}
+
+}  // namespace tarnwick

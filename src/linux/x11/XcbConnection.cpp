@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+#include "linux/x11/XcbConnection.h"
+
+#include <QMetaObject>
+#include <QSocketNotifier>
+
+#include <algorithm>
+#include <cstring>
+
+namespace tarnwick {
+
+struct XcbConnection::Selections {
+  xcb_connection_t* connection = nullptr;
+  std::map<xcb_window_t, std::vector<uint32_t>> masks;
+
+  void apply(xcb_window_t window) const {
+    uint32_t all = 0;
+    if (const auto found = masks.find(window); found != masks.end()) {
+      for (const uint32_t mask : found->second) all |= mask;
+    }
+    xcb_change_window_attributes(connection, window, XCB_CW_EVENT_MASK, &all);
+    xcb_flush(connection);
+  }
+};
+
+XcbConnection::XcbConnection() : m_selections(std::make_shared<Selections>()) {
+  m_connection = xcb_connect(nullptr, &m_screenNumber);
+  if (xcb_connection_has_error(m_connection) != 0) return;
+  m_selections->connection = m_connection;
+  auto screens = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
+  for (int i = 0; i < m_screenNumber && screens.rem > 1; ++i) xcb_screen_next(&screens);
+  m_root = screens.data->root;
+  m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
+  connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] { drain(); });
+}
+
+XcbConnection::~XcbConnection() {
+  m_notifier.reset();
+  m_selections.reset();
+  xcb_disconnect(m_connection);
+}
+
+xcb_atom_t XcbConnection::atom(const char* name) const {
+  const QByteArray key(name);
+  if (const auto found = m_atoms.constFind(key); found != m_atoms.constEnd()) return *found;
+  const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
+      m_connection, xcb_intern_atom(m_connection, 0, static_cast<uint16_t>(key.size()), name), nullptr));
+  keepEvents();
+  const xcb_atom_t atom = reply ? reply->atom : XCB_NONE;
+  m_atoms.insert(key, atom);
+  return atom;
+}
+
+QByteArray XcbConnection::property(xcb_window_t window, const char* name) const {
+  constexpr uint32_t kMostWords = 16384;
+  const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+      m_connection, xcb_get_property(m_connection, 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, kMostWords),
+      nullptr));
+  keepEvents();
+  if (!reply) return {};
+  return QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                    xcb_get_property_value_length(reply.get()));
+}
+
+std::vector<uint32_t> XcbConnection::cardinals(xcb_window_t window, const char* name) const {
+  const auto bytes = property(window, name);
+  std::vector<uint32_t> values(static_cast<size_t>(bytes.size()) / sizeof(uint32_t));
+  if (!values.empty()) std::memcpy(values.data(), bytes.constData(), values.size() * sizeof(uint32_t));
+  return values;
+}
+
+std::optional<uint32_t> XcbConnection::cardinal(xcb_window_t window, const char* name) const {
+  const auto values = cardinals(window, name);
+  if (values.empty()) return std::nullopt;
+  return values.front();
+}
+
+std::vector<xcb_window_t> XcbConnection::clients() const {
+  auto windows = cardinals(m_root, "_NET_CLIENT_LIST_STACKING");
+  return windows.empty() ? cardinals(m_root, "_NET_CLIENT_LIST") : windows;
+}
+
+std::optional<QRect> XcbConnection::geometry(xcb_window_t window) const {
+  const auto sizeCookie = xcb_get_geometry(m_connection, window);
+  const auto placeCookie = xcb_translate_coordinates(m_connection, window, m_root, 0, 0);
+  const XcbReply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(m_connection, sizeCookie, nullptr));
+  const XcbReply<xcb_translate_coordinates_reply_t> place(
+      xcb_translate_coordinates_reply(m_connection, placeCookie, nullptr));
+  keepEvents();
+  if (!size || !place) return std::nullopt;
+  return QRect(place->dst_x, place->dst_y, size->width, size->height);
+}
+
+std::optional<QRect> XcbConnection::frame(xcb_window_t window) const {
+  auto rect = geometry(window);
+  if (!rect) return std::nullopt;
+  const auto side = [](const std::vector<uint32_t>& extents, size_t i) { return static_cast<int>(extents[i]); };
+  if (const auto around = cardinals(window, "_NET_FRAME_EXTENTS"); around.size() >= 4) {
+    rect->adjust(-side(around, 0), -side(around, 2), side(around, 1), side(around, 3));
+  }
+  if (const auto shadow = cardinals(window, "_GTK_FRAME_EXTENTS"); shadow.size() >= 4) {
+    rect->adjust(side(shadow, 0), side(shadow, 2), -side(shadow, 1), -side(shadow, 3));
+  }
+  return rect;
+}
+
+bool XcbConnection::isViewable(xcb_window_t window) const {
+  const XcbReply<xcb_get_window_attributes_reply_t> reply(
+      xcb_get_window_attributes_reply(m_connection, xcb_get_window_attributes(m_connection, window), nullptr));
+  keepEvents();
+  return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+std::optional<xcb_window_t> XcbConnection::topmostAncestor(xcb_window_t window) const {
+  for (xcb_window_t current = window;;) {
+    const XcbReply<xcb_query_tree_reply_t> reply(
+        xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, current), nullptr));
+    keepEvents();
+    if (!reply) return std::nullopt;
+    if (reply->parent == m_root || reply->parent == XCB_NONE) return current;
+    current = reply->parent;
+  }
+}
+
+Registration XcbConnection::select(xcb_window_t window, uint32_t mask) {
+  m_selections->masks[window].push_back(mask);
+  m_selections->apply(window);
+  return Registration([weak = std::weak_ptr<Selections>(m_selections), window, mask] {
+    const auto selections = weak.lock();
+    if (!selections) return;
+    auto& masks = selections->masks[window];
+    if (const auto one = std::find(masks.begin(), masks.end(), mask); one != masks.end()) masks.erase(one);
+    if (masks.empty()) selections->masks.erase(window);
+    selections->apply(window);
+  });
+}
+
+Registration XcbConnection::onEvent(std::function<void(const xcb_generic_event_t&)> observer) {
+  return m_observers.add(std::move(observer));
+}
+
+void XcbConnection::sendToRoot(xcb_window_t about, const char* type, std::initializer_list<uint32_t> data) {
+  xcb_client_message_event_t event{};
+  event.response_type = XCB_CLIENT_MESSAGE;
+  event.format = 32;
+  event.window = about;
+  event.type = atom(type);
+  std::copy_n(data.begin(), std::min<size_t>(data.size(), 5), event.data.data32);
+  xcb_send_event(m_connection, 0, m_root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                 reinterpret_cast<const char*>(&event));
+  xcb_flush(m_connection);
+}
+
+void XcbConnection::keepEvents() const {
+  const bool wasEmpty = m_kept.empty();
+  while (auto* event = xcb_poll_for_queued_event(m_connection)) m_kept.emplace_back(event);
+  if (!wasEmpty || m_kept.empty()) return;
+  auto* self = const_cast<XcbConnection*>(this);
+  QMetaObject::invokeMethod(self, [self] { self->drain(); }, Qt::QueuedConnection);
+}
+
+void XcbConnection::drain() {
+  for (;;) {
+    if (m_kept.empty()) {
+      auto* event = xcb_poll_for_event(m_connection);
+      if (!event) break;
+      m_kept.emplace_back(event);
+    }
+    const auto event = std::move(m_kept.front());
+    m_kept.pop_front();
+    if (event->response_type != 0) m_observers.notify(*event);
+  }
+  // The server is gone: Qt ends the program; until then an endless readable socket must not spin.
+  if (xcb_connection_has_error(m_connection) != 0) m_notifier->setEnabled(false);
+}
+
+}  // namespace tarnwick

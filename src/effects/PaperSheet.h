@@ -24,10 +24,11 @@ struct PaperSheet {
   PaperKind kind = PaperKind::Card;
   PaperLift lift = PaperLift::Rest;
   PaperEdge edge = PaperEdge::Clean;
-  double peel = 0;        // size of the lifted corner; 0 = none
+  double peel = 0;        // size of the lifted corner; 0 = none (Dark Craft and burnt sheets never lift)
   quint32 seed = 0;       // of a note's own noise: the same note always looks the same
   Qt::LayoutDirection direction = Qt::LeftToRight;
   bool hasShadow = true;
+  double edgeOpacity = .12;  // of the black edge; .35 where no shadow can be shown
 
   /// The outline of the paper: clip and hit shape.
   [[nodiscard]] QPainterPath outline() const;

@@ -13,12 +13,16 @@ class QPainter;
 
 namespace tarnwick {
 
+/// Paper lets a little of the note through; a menu gets an opaque label.
+enum class StampGround { Paper, Menu };
+
 class StampBadgeView {
  public:
   /// Size of the badge before it is turned.
   [[nodiscard]] static QSizeF size(TaskStamp stamp);
   /// Turned by an angle (degrees) about its centre.
-  static void paint(QPainter& painter, TaskStamp stamp, const QPointF& center, double angle);
+  static void paint(QPainter& painter, TaskStamp stamp, const QPointF& center, double angle,
+                    StampGround ground = StampGround::Paper);
 };
 
 class WashiTapeView {

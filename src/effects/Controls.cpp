@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "effects/Controls.h"
+
+#include "effects/SoftShadow.h"
+#include "effects/Tokens.h"
+
+#include <QLinearGradient>
+#include <QMenu>
+#include <QPainter>
+
+namespace tarnwick {
+
+void paintFocusRing(QPainter& painter, const QRectF& rect, double radius) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(QColor(tokens::kAccent), 2));
+  painter.drawRoundedRect(rect.adjusted(1, 1, -1, -1), radius - 1, radius - 1);
+  painter.restore();
+}
+
+void paintPaperLabel(QPainter& painter, const QRectF& rect, double radius, double angle) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(rect.center());
+  painter.rotate(angle);
+  const QRectF label(-rect.width() / 2, -rect.height() / 2, rect.width(), rect.height());
+  const double top = radius * .6;
+  paintBoxShadow(painter, label, top, radius, 1, .6, .35);
+  paintBoxShadow(painter, label, top, radius, 3, 3, .28);
+  QLinearGradient paper(label.topLeft(), label.bottomLeft());
+  paper.setColorAt(0, QColor(tokens::kLabelTop));
+  paper.setColorAt(1, QColor(tokens::kLabelBottom));
+  painter.fillPath(roundedBox(label, top, radius), paper);
+  painter.setPen(QPen(tokens::white(.8), 1));
+  painter.drawLine(QPointF(label.left() + top, label.top() + .5), QPointF(label.right() - top, label.top() + .5));
+  painter.restore();
+}
+
+void styleMenu(QMenu& menu) {
+  menu.setWindowFlags(menu.windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+  menu.setAttribute(Qt::WA_TranslucentBackground);
+  QFont face = tokens::font(tokens::Type::RowTitle);
+  face.setWeight(QFont::Medium);
+  menu.setFont(face);
+  menu.setStyleSheet(QStringLiteral(
+      "QMenu { background: #22232A; color: #F4F1EA; border: 1px solid rgba(255, 255, 255, 33); border-radius: 12px;"
+      " padding: 5px; }"
+      "QMenu::item { height: 28px; padding: 0 22px 0 10px; border-radius: 7px; background: transparent; }"
+      "QMenu::item:selected { background: #FFE169; color: #383217; }"
+      "QMenu::item:disabled { color: #8B8780; background: transparent; }"
+      "QMenu::icon { padding-left: 8px; }"
+      "QMenu::separator { height: 1px; background: rgba(255, 255, 255, 31); margin: 4px 8px; }"));
+}
+
+}  // namespace tarnwick

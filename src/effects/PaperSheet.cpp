@@ -1,0 +1,299 @@
+// SPDX-License-Identifier: MIT
+#include "effects/PaperSheet.h"
+
+#include "effects/BurntEdge.h"
+#include "effects/LiftedPaperShape.h"
+#include "effects/PaperRandom.h"
+#include "effects/PaperTextureView.h"
+#include "effects/PixmapCache.h"
+#include "effects/SoftShadow.h"
+#include "effects/Tokens.h"
+#include "model/Color.h"
+
+#include <QLinearGradient>
+#include <QPainter>
+#include <QUuid>
+
+#include <cmath>
+
+namespace tarnwick {
+
+namespace {
+
+struct Radii {
+  double top;
+  double bottom;
+};
+
+struct Depth {
+  double offset;
+  double sigma;
+  double alpha;
+};
+
+struct Shadow {
+  Depth contact;
+  Depth ambient;
+  Depth corners;
+};
+
+Radii radii(PaperKind kind) {
+  switch (kind) {
+    case PaperKind::Card:
+    case PaperKind::EditorSheet: return {3, 6};
+    case PaperKind::TornNote: return {3, 7};
+    case PaperKind::Tab: return {4, 6};
+  }
+  return {3, 6};
+}
+
+Shadow shadow(PaperKind kind, PaperLift lift) {
+  if (kind == PaperKind::TornNote || kind == PaperKind::Tab) {
+    return {{1, 1.2, .30}, {6, 8, .26}, {8, 5, .34}};
+  }
+  if (lift == PaperLift::Raised || kind == PaperKind::EditorSheet) {
+    return {{1.5, 1.4, .34}, {9, 9, .34}, {11, 6, .34}};
+  }
+  return {{1, .9, .34}, {3.5, 4.5, .26}, {5.5, 3, .34}};
+}
+
+PixmapCache& cache() {
+  static PixmapCache kept(8192);
+  return kept;
+}
+
+// Fine noise over every sheet, one tile for all.
+QPixmap grain(double scale) {
+  return cache().fetch(QStringLiteral("grain %1").arg(scale), [scale] {
+    constexpr int kSide = 128;
+    const int pixels = static_cast<int>(std::lround(kSide * scale));
+    QImage tile(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    PaperRandom random(4);
+    for (int y = 0; y < pixels; ++y) {
+      auto* line = reinterpret_cast<QRgb*>(tile.scanLine(y));
+      for (int x = 0; x < pixels; ++x) {
+        line[x] = qRgba(0, 0, 0, static_cast<int>(random.next() * 11));
+      }
+    }
+    tile.setDevicePixelRatio(scale);
+    return QPixmap::fromImage(tile);
+  });
+}
+
+// The one lamp above the wall. Its opacity never falls below .12: the ink's contrast on dark papers rests on that.
+QLinearGradient lamp(const QSizeF& size, double share) {
+  QLinearGradient light(0, 0, .12 * size.width(), size.height());
+  light.setColorAt(0, tokens::white(.34 * share));
+  light.setColorAt(.13, tokens::white(.22 * share));
+  light.setColorAt(.20, tokens::white(.17 * share));
+  light.setColorAt(.58, tokens::white(.13 * share));
+  light.setColorAt(.88, tokens::white(.19 * share));
+  light.setColorAt(1, tokens::white(.12 * share));
+  return light;
+}
+
+// Where the glue strip ends the sheet bends away from the wall.
+void paintBend(QPainter& painter, double width) {
+  QLinearGradient bend(0, 15, 0, 20);
+  bend.setColorAt(0, tokens::black(.055));
+  bend.setColorAt(1, tokens::black(0));
+  painter.fillRect(QRectF(0, 15, width, 5), bend);
+}
+
+// The free lower edge curls forward: it catches light, then turns away from it.
+void paintCurl(QPainter& painter, const QSizeF& size) {
+  const double top = size.height() - 14;
+  QLinearGradient curl(0, top, 0, top + 16);
+  curl.setColorAt(0, tokens::white(0));
+  curl.setColorAt(.58, tokens::white(.10));
+  curl.setColorAt(.64, tokens::black(0));
+  curl.setColorAt(1, tokens::black(.10));
+  painter.fillRect(QRectF(0, top, size.width(), 16), curl);
+}
+
+void paintAgedEdge(QPainter& painter, const QSizeF& size, const QColor& ink) {
+  const double scale = deviceScale(painter);
+  const QString key = QStringLiteral("aged %1 %2 %3 %4").arg(size.width()).arg(size.height()).arg(ink.rgb()).arg(scale);
+  const QPixmap edge = cache().fetch(key, [&] {
+    const QRectF area(QPointF(0, 0), size + QSizeF(0, 2));
+    const QImage alpha = blurredAlpha(area, scale, 4, [&](QPainter& into) {
+      into.setPen(QPen(Qt::black, 7));
+      into.drawRect(area);
+    });
+    return QPixmap::fromImage(tinted(alpha, tokens::faded(ink, .26), scale));
+  });
+  painter.drawPixmap(QPointF(0, 0), edge);
+}
+
+void paintFlap(QPainter& painter, const LiftedPaperShape& shape, const QColor& paper) {
+  const QPainterPath flap = shape.flap();
+  painter.save();
+  painter.setClipPath(shape.outline(), Qt::IntersectClip);
+  paintShadow(painter, QStringLiteral("flap %1 %2").arg(flap.boundingRect().width()).arg(flap.boundingRect().height()),
+              flap.boundingRect().topLeft() + QPointF(-2.5, -1), [&] {
+                return std::vector<ShadowLayer>{{flap.translated(-flap.boundingRect().topLeft()), 0, 3, .34}};
+              });
+  painter.restore();
+  const QColor back = Color::blend(paper, Qt::white, .42);
+  QLinearGradient shade(shape.fold() + QPointF(2, 2), shape.tip());
+  shade.setColorAt(0, Color::blend(paper, Qt::black, .22));
+  shade.setColorAt(.18, Color::blend(paper, Qt::black, .05));
+  shade.setColorAt(.45, Color::blend(back, Qt::white, .35));
+  shade.setColorAt(1, Color::blend(back, Qt::black, .10));
+  painter.setPen(QPen(tokens::black(.14), .6));
+  painter.setBrush(shade);
+  painter.drawPath(flap);
+}
+
+/// What all drawing steps of one sheet share: its shapes in its own coordinates.
+struct Cut {
+  QSizeF size;
+  double peel;
+  LiftedPaperShape shape;
+  BurntEdge burnt;
+  QPainterPath outline;
+};
+
+Cut cut(const PaperSheet& sheet) {
+  const QSizeF size = sheet.rect.size();
+  const Radii corner = radii(sheet.kind);
+  const bool isBurnt = sheet.edge == PaperEdge::Smoldering;
+  // Dark Craft is board: it lies stiff. A burnt sheet has no corner left to lift.
+  const double peel = isBurnt || sheet.theme == PaperTheme::construction ? 0 : sheet.peel;
+  LiftedPaperShape shape(size, corner.top, corner.bottom, peel);
+  BurntEdge burnt(size, sheet.seed);
+  QPainterPath outline = isBurnt ? burnt.outline(corner.top) : shape.outline();
+  return {size, peel, shape, burnt, outline};
+}
+
+QTransform mirroring(double width) { return {-1, 0, 0, 1, width, 0}; }
+
+bool peelsAtLeft(const PaperSheet& sheet, const Cut& made) {
+  return sheet.direction == Qt::RightToLeft && made.peel > 0;
+}
+
+QPainterPath placed(const PaperSheet& sheet, const Cut& made) {
+  return peelsAtLeft(sheet, made) ? mirroring(made.size.width()).map(made.outline) : made.outline;
+}
+
+void paintSheetShadow(QPainter& painter, const PaperSheet& sheet, const Cut& made) {
+  const bool isBurnt = sheet.edge == PaperEdge::Smoldering;
+  const QString key = QStringLiteral("sheet %1 %2 %3 %4 %5 %6")
+                          .arg(made.size.width()).arg(made.size.height()).arg(static_cast<int>(sheet.kind))
+                          .arg(static_cast<int>(sheet.lift)).arg(made.peel).arg(isBurnt ? sheet.seed + 1ULL : 0ULL);
+  paintShadow(painter, key, {}, [&] {
+    const Shadow depth = shadow(sheet.kind, sheet.lift);
+    const QPainterPath shape = isBurnt ? made.outline : made.shape.outline();
+    std::vector<ShadowLayer> layers{{shape, depth.ambient.offset, depth.ambient.sigma, depth.ambient.alpha}};
+    if (!isBurnt) {
+      const double width = made.size.width();
+      const double height = made.size.height();
+      const double foot = height + depth.corners.offset;
+      QPainterPath corners(QPointF(6, height * .6));
+      corners.lineTo(width - 6, height * .6);
+      corners.lineTo(width - 2, foot);
+      corners.quadTo(width / 2, height - 4, 2, foot);
+      corners.closeSubpath();
+      layers.push_back({corners, 0, depth.corners.sigma, depth.corners.alpha});
+    }
+    layers.push_back({shape, depth.contact.offset, depth.contact.sigma, depth.contact.alpha});
+    return layers;
+  });
+}
+
+void paintFace(QPainter& painter, const PaperSheet& sheet, const Cut& made) {
+  const QSizeF& size = made.size;
+  const QRectF all(0, 0, size.width(), size.height() + 2);
+  const bool isBoard = sheet.theme == PaperTheme::construction;
+  PaperTextureView texture;
+  texture.theme = sheet.theme;
+  texture.size = size;
+  texture.paperHex = sheet.colorHex;
+  texture.seed = sheet.seed;
+  texture.frame = sheet.kind == PaperKind::TornNote ? 7 : 5;
+  texture.direction = sheet.direction;
+
+  painter.fillRect(all.adjusted(-2, -2, 2, 4), Color::fromHex(sheet.colorHex));
+  if (!isBoard) {
+    texture.paint(painter);
+  }
+  painter.drawTiledPixmap(all, grain(deviceScale(painter)));
+  painter.fillRect(all, lamp(size, 1));
+  paintBend(painter, size.width());
+  if (isBoard) {
+    texture.paint(painter);
+    painter.fillRect(all, lamp(size, .28));
+  }
+  if (sheet.theme == PaperTheme::parchment) {
+    paintAgedEdge(painter, size, Color::inkOnPaper(sheet.colorHex));
+  }
+  if (sheet.edge == PaperEdge::Smoldering) {
+    made.burnt.paintScorch(painter);
+  } else if (made.peel <= 0) {
+    paintCurl(painter, size);
+  }
+}
+
+}  // namespace
+
+QPainterPath PaperSheet::outline() const {
+  const Cut made = cut(*this);
+  return placed(*this, made).translated(rect.topLeft());
+}
+
+void PaperSheet::paint(QPainter& painter) const {
+  const Cut made = cut(*this);
+  const bool isMirrored = peelsAtLeft(*this, made);
+  const QPainterPath path = placed(*this, made);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(rect.topLeft());
+  if (hasShadow) {
+    painter.save();
+    if (isMirrored) {
+      painter.setTransform(mirroring(rect.width()), true);
+    }
+    paintSheetShadow(painter, *this, made);
+    painter.restore();
+  }
+  painter.save();
+  painter.setClipPath(path, Qt::IntersectClip);
+  paintFace(painter, *this, made);
+  painter.restore();
+
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(tokens::black(edgeOpacity), 1));
+  painter.drawPath(path);
+  const double inset = radii(kind).top;
+  painter.setPen(QPen(tokens::white(theme == PaperTheme::construction ? .22 : .55), 1));
+  painter.drawLine(QPointF(inset, .5), QPointF(rect.width() - inset, .5));
+  if (edge == PaperEdge::Smoldering) {
+    made.burnt.paintEmbers(painter);
+  } else if (made.peel > 0) {
+    if (isMirrored) {
+      painter.setTransform(mirroring(rect.width()), true);
+    }
+    paintFlap(painter, made.shape, Color::fromHex(colorHex));
+  }
+  painter.restore();
+}
+
+void PaperSheet::paintEmberGlow(QPainter& painter, double strength) const {
+  if (edge != PaperEdge::Smoldering) {
+    return;
+  }
+  painter.save();
+  painter.translate(rect.topLeft());
+  BurntEdge(rect.size(), seed).paintGlow(painter, strength);
+  painter.restore();
+}
+
+quint32 paperSeed(const QUuid& id) {
+  quint32 seed = 2166136261U;
+  for (const char byte : id.toRfc4122()) {
+    seed = (seed ^ static_cast<quint8>(byte)) * 16777619U;
+  }
+  return seed;
+}
+
+}  // namespace tarnwick

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "effects/PaperShredView.h"
+
+#include "effects/PaperRandom.h"
+#include "effects/Tokens.h"
+
+#include <QLinearGradient>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace tarnwick {
+
+namespace {
+
+constexpr double kLevelled = .10;
+constexpr double kRollerStarts = .08;
+constexpr double kRollerEnds = .62;
+constexpr double kFadeStarts = .70;
+constexpr double kSway = 8;  // degrees
+
+double share(double progress, double from, double to) { return std::clamp((progress - from) / (to - from), 0.0, 1.0); }
+
+double easeInOut(double t) { return t < .5 ? 2 * t * t : 1 - 2 * (1 - t) * (1 - t); }
+
+// A roller with the light on its upper half.
+void paintRoller(QPainter& painter, const QRectF& rect, double y) {
+  constexpr double kThick = 9;
+  const QRectF bar(rect.left(), y - kThick / 2, rect.width(), kThick);
+  QLinearGradient metal(bar.topLeft(), bar.bottomLeft());
+  metal.setColorAt(0, QColor(0x5A, 0x5C, 0x64));
+  metal.setColorAt(.30, QColor(0xC9, 0xC5, 0xBD));
+  metal.setColorAt(.55, QColor(0x4A, 0x4C, 0x54));
+  metal.setColorAt(1, QColor(0x17, 0x18, 0x1D));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(tokens::black(.28));
+  painter.drawRoundedRect(bar.translated(0, 2), kThick / 2, kThick / 2);
+  painter.setBrush(metal);
+  painter.drawRoundedRect(bar, kThick / 2, kThick / 2);
+}
+
+}  // namespace
+
+double PaperShredView::angle(double tilt, double progress) { return tilt * (1 - share(progress, 0, kLevelled)); }
+
+double PaperShredView::shredded(double progress) {
+  return easeInOut(share(progress, kRollerStarts, kRollerEnds));
+}
+
+void PaperShredView::paint(QPainter& painter, const QRectF& rect, const QPixmap& note, double tilt, double progress) {
+  if (note.isNull() || progress >= 1) {
+    return;
+  }
+  const double cut = rect.bottom() - shredded(progress) * rect.height();
+  const double drop = share(progress, kRollerEnds, 1);
+  const double scaleX = note.width() / rect.width();
+  const double scaleY = note.height() / rect.height();
+  const auto source = [&](const QRectF& part) {
+    return QRectF((part.x() - rect.x()) * scaleX, (part.y() - rect.y()) * scaleY, part.width() * scaleX,
+                  part.height() * scaleY);
+  };
+  painter.save();
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  painter.setClipRect(rect, Qt::IntersectClip);
+  if (cut > rect.top()) {
+    painter.save();
+    painter.translate(rect.center());
+    painter.rotate(angle(tilt, progress));
+    painter.translate(-rect.center());
+    const QRectF whole(rect.left(), rect.top(), rect.width(), cut - rect.top());
+    painter.drawPixmap(whole, note, source(whole));
+    painter.restore();
+  }
+  PaperRandom random(16);
+  painter.save();
+  painter.setOpacity(painter.opacity() * (1 - share(progress, kFadeStarts, 1)));
+  const double wide = rect.width() / kRibbons;
+  for (int i = 0; i < kRibbons && cut < rect.bottom(); ++i) {
+    const double phase = random.next() * 2 * std::numbers::pi;
+    const double haste = random.between(.75, 1.25);
+    const double free = (rect.bottom() - cut) / rect.height();
+    const double sway = kSway * free * std::sin(phase + progress * 9 * haste);
+    const double fall = drop * drop * rect.height() * 1.1 * haste;
+    const QRectF ribbon(rect.left() + i * wide, cut, wide, rect.bottom() - cut);
+    painter.save();
+    painter.translate(ribbon.center().x(), cut + fall);
+    painter.rotate(sway);
+    painter.drawPixmap(QRectF(-wide / 2 + .4, 0, wide - .8, ribbon.height()), note, source(ribbon));
+    painter.restore();
+  }
+  painter.restore();
+  if (progress > kRollerStarts && progress < kRollerEnds + .06) {
+    paintRoller(painter, rect, std::max(cut, rect.top() + 2));
+  }
+  painter.restore();
+}
+
+}  // namespace tarnwick

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "effects/PixmapCache.h"
+
+#include <QCoreApplication>
+#include <QPaintDevice>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
+namespace tarnwick {
+
+namespace {
+
+std::vector<PixmapCache*>& registered() {
+  static std::vector<PixmapCache*> caches;
+  return caches;
+}
+
+// Pixmaps must not outlive the application object, static caches do.
+void clearAll() {
+  for (PixmapCache* cache : registered()) {
+    cache->clear();
+  }
+}
+
+}  // namespace
+
+PixmapCache::PixmapCache(int kilobytes) : m_pixmaps(kilobytes) {
+  if (registered().empty()) {
+    qAddPostRoutine(clearAll);
+  }
+  registered().push_back(this);
+}
+
+PixmapCache::~PixmapCache() { std::erase(registered(), this); }
+
+QPixmap PixmapCache::fetch(const QString& key, const std::function<QPixmap()>& painted) {
+  if (const QPixmap* kept = m_pixmaps.object(key)) {
+    return *kept;
+  }
+  QPixmap made = painted();
+  const qsizetype kilobytes = qsizetype{made.width()} * made.height() / 256 + 1;
+  m_pixmaps.insert(key, new QPixmap(made), kilobytes);
+  return made;
+}
+
+QPixmap clearPixmap(const QSizeF& size, double scale) {
+  QPixmap pixmap(std::max(1, static_cast<int>(std::ceil(size.width() * scale))),
+                 std::max(1, static_cast<int>(std::ceil(size.height() * scale))));
+  pixmap.setDevicePixelRatio(scale);
+  pixmap.fill(Qt::transparent);
+  return pixmap;
+}
+
+double deviceScale(const QPainter& painter) {
+  return painter.device() == nullptr ? 1.0 : painter.device()->devicePixelRatioF();
+}
+
+}  // namespace tarnwick

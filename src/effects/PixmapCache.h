@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// Keeps pictures that were painted once, bounded by their memory, until the application object goes.
+#pragma once
+
+#include <QCache>
+#include <QPixmap>
+#include <QString>
+
+#include <functional>
+
+class QPainter;
+
+namespace tarnwick {
+
+class PixmapCache {
+ public:
+  explicit PixmapCache(int kilobytes);
+  PixmapCache(const PixmapCache&) = delete;
+  PixmapCache& operator=(const PixmapCache&) = delete;
+  ~PixmapCache();
+
+  /// The picture of the key; painted now when it is not there.
+  [[nodiscard]] QPixmap fetch(const QString& key, const std::function<QPixmap()>& painted);
+  void clear() { m_pixmaps.clear(); }
+
+ private:
+  QCache<QString, QPixmap> m_pixmaps;
+};
+
+/// An empty picture of a size in device-independent pixels.
+[[nodiscard]] QPixmap clearPixmap(const QSizeF& size, double scale);
+/// Device pixels per device-independent pixel of what is painted on.
+[[nodiscard]] double deviceScale(const QPainter& painter);
+
+}  // namespace tarnwick

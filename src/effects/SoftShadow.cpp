@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+#include "effects/SoftShadow.h"
+
+#include "effects/PixmapCache.h"
+#include "effects/Tokens.h"
+
+#include <QHash>
+#include <QPainter>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace tarnwick {
+
+namespace {
+
+PixmapCache& cache() {
+  static PixmapCache kept(16384);
+  return kept;
+}
+
+// One running-sum pass over a line of `count` samples, `stride` apart.
+void blurLine(uchar* first, int count, qsizetype stride, int radius, std::vector<uchar>& copy) {
+  for (int i = 0; i < count; ++i) {
+    copy[static_cast<size_t>(i)] = first[i * stride];
+  }
+  const int window = 2 * radius + 1;
+  int sum = 0;
+  for (int i = 0; i < std::min(radius, count); ++i) {
+    sum += copy[static_cast<size_t>(i)];
+  }
+  for (int i = 0; i < count; ++i) {
+    if (i + radius < count) {
+      sum += copy[static_cast<size_t>(i + radius)];
+    }
+    first[i * stride] = static_cast<uchar>((sum + window / 2) / window);
+    if (i - radius >= 0) {
+      sum -= copy[static_cast<size_t>(i - radius)];
+    }
+  }
+}
+
+QRectF spread(const std::vector<ShadowLayer>& layers) {
+  QRectF all;
+  for (const ShadowLayer& layer : layers) {
+    const double reach = std::ceil(3 * layer.sigma) + 1;
+    all |= layer.shape.boundingRect().translated(0, layer.offset).adjusted(-reach, -reach, reach, reach);
+  }
+  return {std::floor(all.x()), std::floor(all.y()), std::ceil(all.width()) + 1, std::ceil(all.height()) + 1};
+}
+
+QPixmap shadowPixmap(const std::vector<ShadowLayer>& layers, const QRectF& area, double scale) {
+  QPixmap pixmap = clearPixmap(area.size(), scale);
+  QPainter painter(&pixmap);
+  for (const ShadowLayer& layer : layers) {
+    const QImage alpha = blurredAlpha(area, scale, layer.sigma, [&](QPainter& into) {
+      into.translate(0, layer.offset);
+      into.fillPath(layer.shape, Qt::black);
+    });
+    painter.drawImage(QPointF(0, 0), tinted(alpha, tokens::black(layer.alpha), scale));
+  }
+  return pixmap;
+}
+
+}  // namespace
+
+QImage boxBlurred(QImage alpha, double sigma) {
+  const int radius = static_cast<int>(std::lround((std::sqrt(4 * sigma * sigma + 1) - 1) / 2));
+  if (radius < 1 || alpha.isNull()) {
+    return alpha;
+  }
+  const int width = alpha.width();
+  const int height = alpha.height();
+  std::vector<uchar> copy(static_cast<size_t>(std::max(width, height)));
+  uchar* bits = alpha.bits();
+  for (int pass = 0; pass < 3; ++pass) {
+    for (int y = 0; y < height; ++y) {
+      blurLine(bits + y * alpha.bytesPerLine(), width, 1, radius, copy);
+    }
+    for (int x = 0; x < width; ++x) {
+      blurLine(bits + x, height, alpha.bytesPerLine(), radius, copy);
+    }
+  }
+  return alpha;
+}
+
+QImage blurredAlpha(const QRectF& area, double scale, double sigma, const std::function<void(QPainter&)>& drawn) {
+  QImage alpha(std::max(1, static_cast<int>(std::ceil(area.width() * scale))),
+               std::max(1, static_cast<int>(std::ceil(area.height() * scale))), QImage::Format_Alpha8);
+  alpha.fill(0);
+  {
+    QPainter painter(&alpha);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.scale(scale, scale);
+    painter.translate(-area.topLeft());
+    drawn(painter);
+  }
+  return boxBlurred(std::move(alpha), sigma * scale);
+}
+
+QImage tinted(const QImage& alpha, const QColor& color, double scale) {
+  QImage result(alpha.size(), QImage::Format_ARGB32_Premultiplied);
+  std::array<QRgb, 256> shades{};
+  for (int level = 0; level < 256; ++level) {
+    const int opacity = (level * color.alpha() + 127) / 255;
+    shades[static_cast<size_t>(level)] = qPremultiply(qRgba(color.red(), color.green(), color.blue(), opacity));
+  }
+  for (int y = 0; y < alpha.height(); ++y) {
+    const uchar* from = alpha.constScanLine(y);
+    auto* to = reinterpret_cast<QRgb*>(result.scanLine(y));
+    for (int x = 0; x < alpha.width(); ++x) {
+      to[x] = shades[from[x]];
+    }
+  }
+  result.setDevicePixelRatio(scale);
+  return result;
+}
+
+void paintShadow(QPainter& painter, const QString& key, const QPointF& origin,
+                 const std::function<std::vector<ShadowLayer>()>& layers) {
+  const double scale = deviceScale(painter);
+  static QHash<QString, QPointF> corners;
+  const QString scaled = key + QStringLiteral(" @%1").arg(scale);
+  const QPixmap pixmap = cache().fetch(scaled, [&] {
+    const std::vector<ShadowLayer> made = layers();
+    const QRectF area = spread(made);
+    corners.insert(scaled, area.topLeft());
+    return shadowPixmap(made, area, scale);
+  });
+  painter.drawPixmap(origin + corners.value(scaled), pixmap);
+}
+
+void paintBoxShadow(QPainter& painter, const QRectF& rect, double topRadius, double bottomRadius, double offset,
+                    double sigma, double alpha) {
+  const QString key = QStringLiteral("box %1 %2 %3 %4 %5 %6 %7")
+                          .arg(rect.width()).arg(rect.height()).arg(topRadius).arg(bottomRadius).arg(offset).arg(sigma)
+                          .arg(alpha);
+  paintShadow(painter, key, rect.topLeft(), [&] {
+    return std::vector<ShadowLayer>{
+        {roundedBox(QRectF(QPointF(0, 0), rect.size()), topRadius, bottomRadius), offset, sigma, alpha}};
+  });
+}
+
+QPainterPath roundedBox(const QRectF& rect, double topRadius, double bottomRadius) {
+  const double top = std::min({topRadius, rect.width() / 2, rect.height() / 2});
+  const double bottom = std::min({bottomRadius, rect.width() / 2, rect.height() / 2});
+  QPainterPath path(QPointF(rect.left() + top, rect.top()));
+  path.lineTo(rect.right() - top, rect.top());
+  path.arcTo(QRectF(rect.right() - 2 * top, rect.top(), 2 * top, 2 * top), 90, -90);
+  path.lineTo(rect.right(), rect.bottom() - bottom);
+  path.arcTo(QRectF(rect.right() - 2 * bottom, rect.bottom() - 2 * bottom, 2 * bottom, 2 * bottom), 0, -90);
+  path.lineTo(rect.left() + bottom, rect.bottom());
+  path.arcTo(QRectF(rect.left(), rect.bottom() - 2 * bottom, 2 * bottom, 2 * bottom), 270, -90);
+  path.lineTo(rect.left(), rect.top() + top);
+  path.arcTo(QRectF(rect.left(), rect.top(), 2 * top, 2 * top), 180, -90);
+  path.closeSubpath();
+  return path;
+}
+
+}  // namespace tarnwick

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+#include "effects/Symbols.h"
+
+#include "effects/PixmapCache.h"
+#include "effects/Tokens.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QHash>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <cmath>
+
+// A static library's resources are only there after this, and the macro works in the global namespace alone.
+static void initSymbolResources() { Q_INIT_RESOURCE(symbols); }
+
+namespace tarnwick {
+
+namespace {
+
+PixmapCache& cache() {
+  static PixmapCache kept(4096);
+  return kept;
+}
+
+QByteArray fileContent(const QString& path) {
+  static const bool ready = [] {
+    initSymbolResources();
+    return true;
+  }();
+  Q_UNUSED(ready);
+  QFile file(path);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+const QByteArray& drawing(const QString& name) {
+  static QHash<QString, QByteArray> read;
+  auto found = read.find(name);
+  if (found == read.end()) {
+    found = read.insert(name, fileContent(QStringLiteral(":/symbols/%1.svg").arg(name)));
+  }
+  return found.value();
+}
+
+QPixmap rendered(const QByteArray& svg, int pixels) {
+  QPixmap pixmap(pixels, pixels);
+  pixmap.fill(Qt::transparent);
+  QSvgRenderer renderer(svg);
+  if (renderer.isValid()) {
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    renderer.render(&painter, QRectF(0, 0, pixels, pixels));
+  }
+  return pixmap;
+}
+
+// Shapes overlap within a symbol: they are drawn opaque, and the whole is thinned to the colour's opacity.
+QPixmap inked(QByteArray svg, const QByteArray& placeholder, int pixels, const QColor& color) {
+  const QByteArray name = color.name(QColor::HexRgb).toLatin1();
+  QPixmap opaque = rendered(svg.replace(placeholder, name), pixels);
+  if (color.alpha() == 255) {
+    return opaque;
+  }
+  QPixmap thinned(opaque.size());
+  thinned.fill(Qt::transparent);
+  QPainter painter(&thinned);
+  painter.setOpacity(static_cast<double>(color.alphaF()));
+  painter.drawPixmap(0, 0, opaque);
+  return thinned;
+}
+
+QPixmap symbolAt(const QString& name, int pixels, const QColor& color) {
+  const QByteArray& svg = drawing(name);
+  if (svg.isEmpty() || pixels <= 0 || color.alpha() == 0) {
+    return {};
+  }
+  const QString key = QStringLiteral("%1 %2 %3").arg(name).arg(pixels).arg(color.rgba());
+  return cache().fetch(key, [&] { return inked(svg, QByteArrayLiteral("currentColor"), pixels, color); });
+}
+
+}  // namespace
+
+void Symbols::paint(QPainter& painter, const QString& name, const QRectF& box, const QColor& color) {
+  const QTransform& transform = painter.deviceTransform();
+  const double scale = std::sqrt(std::abs(transform.determinant()));
+  const double side = std::min(box.width(), box.height());
+  const int pixels = static_cast<int>(std::lround(side * scale));
+  const QPixmap pixmap = symbolAt(name, pixels, color);
+  if (pixmap.isNull()) {
+    return;
+  }
+  QRectF target(0, 0, side, side);
+  target.moveCenter(box.center());
+  painter.save();
+  if (transform.type() <= QTransform::TxScale) {
+    // Upright: onto whole device pixels, or the strokes would blur.
+    const QPointF corner = transform.map(target.topLeft());
+    const QPointF snapped(std::round(corner.x()), std::round(corner.y()));
+    target.moveTopLeft(transform.inverted().map(snapped));
+  }
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawPixmap(target, pixmap, QRectF(pixmap.rect()));
+  painter.restore();
+}
+
+QPixmap Symbols::pixmap(const QString& name, double size, const QColor& color, double scale) {
+  QPixmap result = symbolAt(name, static_cast<int>(std::lround(size * scale)), color);
+  if (!result.isNull()) {
+    result.setDevicePixelRatio(scale);
+  }
+  return result;
+}
+
+QIcon Symbols::applicationIcon() {
+  const QByteArray small = fileContent(QStringLiteral(":/icons/tarnwick-small.svg"));
+  const QByteArray large = fileContent(QStringLiteral(":/icons/tarnwick.svg"));
+  QIcon icon;
+  for (const int pixels : {16, 18, 22, 24, 32, 48, 64, 128, 256}) {
+    icon.addPixmap(rendered(pixels < 48 ? small : large, pixels));
+  }
+  return icon;
+}
+
+QIcon Symbols::trayIcon() {
+  const QByteArray glyph = fileContent(QStringLiteral(":/icons/tarnwick-symbolic.svg"));
+  QIcon icon;
+  for (const int pixels : {16, 18, 22, 24, 32, 36, 44, 48, 64}) {
+    icon.addPixmap(inked(glyph, QByteArrayLiteral("#000"), pixels, QColor(tokens::kText)));
+  }
+  return icon;
+}
+
+}  // namespace tarnwick

@@ -46,8 +46,11 @@ class SettingsView final : public QWidget {
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void fitHeight();
+
   struct Content;
   std::unique_ptr<Content> m_content;
 };

@@ -21,6 +21,8 @@ QDateTime nearer(const QDateTime& base, const QDateTime& limit, Recurrence recur
 
 }  // namespace
 
+QString idText(const QUuid& id) { return id.toString(QUuid::WithoutBraces).toUpper(); }
+
 Recurrence Task::recurrence() const {
   return fromRawValue<Recurrence>(m_record.recurrenceRaw).value_or(Recurrence::none);
 }

@@ -45,6 +45,9 @@ struct TaskRecord {
   bool operator==(const TaskRecord&) const = default;
 };
 
+/// The form of an identifier wherever one is written: upper case, no braces.
+[[nodiscard]] QString idText(const QUuid& id);
+
 /// The board of a note that names none.
 inline const QString kDefaultBoard = QStringLiteral("General");
 

@@ -10,6 +10,7 @@
 #include <QObject>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -20,8 +21,9 @@ class ModelContainer final : public QObject {
 
  public:
   /// Opens or makes the store file (its folder included). Errors: NewerSchema, Damaged, NotPermitted, Full, InUse, Failed;
-  /// the file is left as it is then.
-  [[nodiscard]] static Result<std::unique_ptr<ModelContainer>> open(const QString& storePath);
+  /// the file is left as it is then. Waits as long as given for another process to let go of the store.
+  [[nodiscard]] static Result<std::unique_ptr<ModelContainer>> open(
+      const QString& storePath, std::chrono::milliseconds lockWait = std::chrono::seconds(2));
   ~ModelContainer() override;
 
   [[nodiscard]] ModelContext& mainContext() { return m_mainContext; }

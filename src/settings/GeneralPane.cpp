@@ -32,7 +32,7 @@ void GeneralPane::addShortcut() {
   auto* row = new SettingsRow(tr("Open the board"),
                               tr("Browsers use this for Reopen Tab — the menu bar icon always works."), group);
   auto* field = new HotKeyField(row);
-  row->setControl(field);
+  row->setControl(field, HotKeyField::kOverhang);
   group->addRow(row);
   auto& defaults = services().defaults;
   connect(field, &HotKeyField::recorded, this,

@@ -6,6 +6,7 @@
 #include "settings/SettingsText.h"
 
 #include <QFocusEvent>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
@@ -64,8 +65,13 @@ HotKeyField::HotKeyField(QWidget* parent)
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(2);
-  column->addWidget(m_caps, 0, Qt::AlignTrailing);
-  column->addWidget(m_hint);
+  for (auto* upper : {static_cast<QWidget*>(m_caps), static_cast<QWidget*>(m_hint)}) {
+    auto* line = new QHBoxLayout;
+    line->setContentsMargins(0, 0, kOverhang, 0);
+    line->addStretch();
+    line->addWidget(upper);
+    column->addLayout(line);
+  }
   column->addWidget(m_change, 0, Qt::AlignTrailing);
   m_hint->setFixedWidth(132);
   m_hint->setAlignment(Qt::AlignTrailing);
@@ -151,7 +157,7 @@ void HotKeyField::showHint(Hint hint) {
   m_caps->setVisible(hint == Hint::None);
   m_hint->setVisible(hint != Hint::None);
   m_hint->setText(hint == Hint::Rejected ? tr("Hold ⌘, Ctrl or ⌥ with a letter, digit or F key.")
-                                         : tr("Press the new keys. ⌫ restores ⌘⇧T."));
+                                         : tr("Press the new keys.\n⌫ restores ⌘⇧T."));
 }
 
 }  // namespace tarnwick

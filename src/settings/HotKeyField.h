@@ -23,6 +23,8 @@ class HotKeyField final : public QWidget {
   [[nodiscard]] bool isRecording() const { return m_isRecording; }
 
   static const QString kDefaultChord;
+  /// What the button's focus ring needs beside the key caps.
+  static constexpr int kOverhang = 4;
   /// The glyphs of a chord's keys, in the order in which the texts name them.
   [[nodiscard]] static QStringList capsOf(const QString& chord);
   /// The chord of a key press in portable text; empty when it is none that can be taken from every program: its key

@@ -24,7 +24,7 @@ LinkButton::LinkButton(const QString& text, const QString& symbol, QWidget* pare
   setCursor(Qt::PointingHandCursor);
   setAttribute(Qt::WA_Hover);
   setFocusPolicy(Qt::StrongFocus);
-  setAutoDefault(false);
+  setAutoDefault(true);
 }
 
 QSize LinkButton::sizeHint() const {
@@ -52,7 +52,7 @@ void LinkButton::paintEvent(QPaintEvent* /*event*/) {
   painter.setFont(face);
   painter.setPen(color);
   painter.drawText(box, static_cast<int>(Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine), text());
-  if (hasFocus()) paintFocusRing(painter, QRectF(rect()).adjusted(3, 3, -3, -3), 6);
+  if (hasFocus()) paintFocusRing(painter, QRectF(rect()).adjusted(2, 2, -2, -2), 6);
 }
 
 }  // namespace tarnwick

@@ -54,7 +54,7 @@ void NotesPane::addTornOffNotes() {
   addSwitch(*group, keys::kWakeResurface,
             {tr("Bring back after sleep"), tr("Notes float back above your apps when the Mac wakes.")});
   addSwitchOn(*group, keys::kRememberTornNotes,
-              {tr("Remember torn notes"), tr("Open notes come back where they were at the next start.")});
+              {tr("Remember torn notes"), tr("They come back to their places at the next start.")});
 }
 
 void NotesPane::addModes(SettingsGroup& group) {
@@ -119,7 +119,7 @@ void NotesPane::addPaper() {
   const auto addPicker = [&](const QString& title, const QString& key, std::vector<PickerButton::Option> options) {
     auto* row = new SettingsRow(title, {}, group);
     auto* picker = new PickerButton(title, std::move(options), row);
-    row->setControl(picker);
+    row->setControl(picker, PlateButton::kRingRoom);
     group->addRow(row);
     connect(picker, &PickerButton::picked, this,
             [&defaults, key](const QString& value) { static_cast<void>(defaults.setText(key, value)); });

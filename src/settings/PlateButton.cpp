@@ -15,22 +15,20 @@ namespace tarnwick {
 namespace {
 constexpr double kRadius = 8;
 constexpr double kGap = 8;
-/// Room around the plate for the ring of the keyboard.
-constexpr double kRingRoom = 4;
 }  // namespace
 
 PlateButton::PlateButton(const QString& text, QWidget* parent) : QPushButton(text, parent) {
   setFont(tokens::font(tokens::Type::RowTitle));
   setAttribute(Qt::WA_Hover);
   setFocusPolicy(Qt::StrongFocus);
-  setAutoDefault(false);
+  setAutoDefault(true);
 }
 
 QSize PlateButton::sizeHint() const {
   double width = QFontMetricsF(font()).horizontalAdvance(word()) + 2 * sidePadding() + 2 * kRingRoom;
   if (!leadingSize().isEmpty()) width += leadingSize().width() + kGap;
   if (!trailingSize().isEmpty()) width += trailingSize().width() + kGap;
-  return {static_cast<int>(std::ceil(width)), 30 + 2 * static_cast<int>(kRingRoom)};
+  return {static_cast<int>(std::ceil(width)), 30 + 2 * kRingRoom};
 }
 
 void PlateButton::paintEvent(QPaintEvent* /*event*/) {

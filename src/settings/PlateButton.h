@@ -10,6 +10,9 @@ class PlateButton : public QPushButton {
   Q_OBJECT
 
  public:
+  /// Around the plate, for the ring of the keyboard.
+  static constexpr int kRingRoom = 4;
+
   explicit PlateButton(const QString& text, QWidget* parent = nullptr);
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }

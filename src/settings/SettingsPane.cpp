@@ -14,7 +14,6 @@ namespace tarnwick {
 
 SettingsPane::SettingsPane(const SettingsServices& services, QWidget* parent)
     : QWidget(parent), m_services(services), m_column(new QVBoxLayout(this)) {
-  m_column->setContentsMargins(18, 14, 18, 18);
   m_column->setSpacing(0);
 }
 

@@ -49,7 +49,10 @@ void SettingsRow::setSymbol(const QString& symbol, QRgb color) {
   m_row->insertWidget(0, new RowSymbol(symbol, color, this), 0, Qt::AlignVCenter);
 }
 
-void SettingsRow::setControl(QWidget* control) { m_row->addWidget(control, 0, Qt::AlignVCenter); }
+void SettingsRow::setControl(QWidget* control, int overhang) {
+  m_row->setContentsMargins(13, 9, 13 - overhang, 9);
+  m_row->addWidget(control, 0, Qt::AlignVCenter);
+}
 
 SettingsText* SettingsRow::addLine(const QString& text, QRgb color) {
   auto* line = new SettingsText(text, tokens::Type::Help, color, this);

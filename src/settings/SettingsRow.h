@@ -19,7 +19,8 @@ class SettingsRow final : public QWidget {
   explicit SettingsRow(const QString& title, const QString& help = {}, QWidget* parent = nullptr);
 
   void setSymbol(const QString& symbol, QRgb color);
-  void setControl(QWidget* control);
+  /// `overhang`: how far the control reaches into the trailing margin, as room for its focus ring.
+  void setControl(QWidget* control, int overhang = 0);
   /// A further line under the help text.
   SettingsText* addLine(const QString& text, QRgb color);
 

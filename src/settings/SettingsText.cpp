@@ -26,17 +26,19 @@ int breakLines(QTextLayout& layout, double width, Qt::Alignment alignment) {
   return count;
 }
 
+QString withLineBreaks(QString text) { return text.replace(u'\n', QChar(QChar::LineSeparator)); }
+
 }  // namespace
 
 double paragraphHeight(const QString& text, tokens::Type role, double width) {
   if (text.isEmpty()) return 0;
-  QTextLayout layout(text, tokens::font(role));
+  QTextLayout layout(withLineBreaks(text), tokens::font(role));
   return breakLines(layout, width, Qt::AlignLeading) * tokens::lineHeight(role);
 }
 
 void paintParagraph(QPainter& painter, const QRectF& rect, const QString& text, tokens::Type role,
                     Qt::Alignment alignment) {
-  QTextLayout layout(text, tokens::font(role));
+  QTextLayout layout(withLineBreaks(text), tokens::font(role));
   const int count = breakLines(layout, rect.width(), alignment);
   double top = rect.top();
   for (int i = 0; i < count; ++i) {

@@ -28,6 +28,8 @@ using namespace Qt::StringLiterals;
 
 constexpr int kWidth = 440;
 constexpr int kTabRow = 72;
+constexpr int kScrollBar = 8;
+constexpr QMargins kMargins{18, 14, 18, 18};
 /// What a title bar and a panel's shadow take of the screen beside the pane itself.
 constexpr int kScreenReserve = 56;
 
@@ -66,6 +68,9 @@ SettingsView::SettingsView(const SettingsServices& services, QWidget* parent)
   setObjectName(u"settings"_s);
   setAccessibleName(tr("Settings"));
   setAttribute(Qt::WA_OpaquePaintEvent);
+  // The window itself has the keyboard until Tab is pressed: no ring greets who came by the pointer.
+  setFocusPolicy(Qt::ClickFocus);
+  setFocus();
 
   auto& content = *m_content;
   content.tabs = new SettingsTabBar(this);
@@ -106,10 +111,14 @@ SettingsView::Pane SettingsView::pane() const { return m_content->current; }
 
 void SettingsView::fitHeight() {
   const auto* pane = m_content->panes[m_content->index()];
-  const int wanted = kTabRow + pane->layout()->totalHeightForWidth(kWidth);
+  auto& column = *pane->layout();
+  column.setContentsMargins(kMargins);
+  const int wanted = kTabRow + column.totalHeightForWidth(kWidth);
   const auto* screen = this->screen();
-  const int most = screen ? screen->availableGeometry().height() - kScreenReserve : wanted;
-  setFixedSize(kWidth, std::min(wanted, std::max(most, 2 * kTabRow)));
+  const int most = std::max(screen ? screen->availableGeometry().height() - kScreenReserve : wanted, 2 * kTabRow);
+  // The bar takes its room from the margin: the rows stay as wide and as high as they are without it.
+  if (wanted > most) column.setContentsMargins(kMargins - QMargins(0, 0, kScrollBar, 0));
+  setFixedSize(kWidth, std::min(wanted, most));
 }
 
 bool SettingsView::eventFilter(QObject* watched, QEvent* event) {

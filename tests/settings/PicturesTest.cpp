@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+// Paints every pane and page at one and two device pixels per point; with TARNWICK_PICTURES set to a folder the pictures
+// are kept there to be looked at.
+#include "SettingsFixture.h"
+
+#include <QImage>
+#include <QPainter>
+
+namespace tarnwick::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+QImage painted(QWidget& widget, double scale) {
+  QImage image((QSizeF(widget.size()) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(scale);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  widget.render(&painter, {}, {}, QWidget::DrawWindowBackground | QWidget::DrawChildren);
+  return image;
+}
+
+void keep(QWidget& widget, const QString& name) {
+  QCoreApplication::processEvents();
+  const auto folder = qEnvironmentVariable("TARNWICK_PICTURES");
+  for (const int scale : {1, 2}) {
+    const auto image = painted(widget, scale);
+    EXPECT_EQ(image.size(), widget.size() * scale);
+    EXPECT_TRUE(folder.isEmpty() || image.save(u"%1/%2@%3x.png"_s.arg(folder, name).arg(scale)));
+  }
+}
+
+/// Different colours of a picture: a pane that paints nothing has one.
+int colorCount(QWidget& widget) {
+  const auto image = painted(widget, 1);
+  QSet<QRgb> colors;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) colors.insert(image.pixel(x, y));
+  }
+  return static_cast<int>(colors.size());
+}
+
+class Pictures : public SettingsFixture {};
+
+TEST_F(Pictures, everyPaneIsPaintedAtItsWidth) {
+  const std::pair<SettingsView::Pane, QString> panes[]{{SettingsView::Pane::General, u"general"_s},
+                                                       {SettingsView::Pane::Notes, u"notes"_s},
+                                                       {SettingsView::Pane::Sound, u"sound"_s},
+                                                       {SettingsView::Pane::About, u"about"_s}};
+  for (const auto& [pane, name] : panes) {
+    auto& window = open(pane);
+    EXPECT_EQ(window.width(), 440);
+    EXPECT_GT(colorCount(window), 40) << qPrintable(name);
+    keep(window, name);
+  }
+}
+
+TEST_F(Pictures, theSayingsOfTheUpdateControl) {
+  server.answer(u"200 OK"_s, R"({"version":"1.5","url":"https://tarnwick.app/get"})");
+  auto& window = open(SettingsView::Pane::About);
+  updates.check();
+  keep(window, u"about-checking"_s);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return updates.status() == UpdateChecker::Status::available; }));
+  keep(window, u"about-available"_s);
+  server.answer(u"500 Oops"_s, {});
+  updates.check();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return updates.status() == UpdateChecker::Status::failed; }));
+  keep(window, u"about-failed"_s);
+  server.answer(u"200 OK"_s, R"({"version":"1.4","url":"https://tarnwick.app/get"})");
+  updates.check();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return updates.status() == UpdateChecker::Status::upToDate; }));
+  keep(window, u"about-current"_s);
+}
+
+TEST_F(Pictures, aRefusedLoginItemMakesRoomForItsText) {
+  loginItem.refusal = u"The autostart folder is not writable."_s;
+  auto& window = open(SettingsView::Pane::General);
+  click(u"Launch at login"_s);
+  QCoreApplication::processEvents();
+  keep(window, u"general-refused"_s);
+  click(u"Change the shortcut, now ⌘ ⇧ T"_s);
+  QCoreApplication::processEvents();
+  keep(window, u"general-recording"_s);
+}
+
+}  // namespace
+}  // namespace tarnwick::test

@@ -25,6 +25,8 @@ struct CommandCall {
 };
 
 struct InstanceHandlers {
+  QString storePath;  // told to whoever asks on the bus (property "StorePath" of app.tarnwick.Tarnwick1): the command talks
+                      // only to a program that holds its own store
   std::function<CommandReply(const CommandCall&)> command;
   std::function<void()> reopen;                         // Activate
   std::function<void(const QString& action)> action;    // "toggle-board", "new-note", "settings"

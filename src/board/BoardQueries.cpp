@@ -40,17 +40,25 @@ TaskList newestFirst(TaskList tasks) {
   return tasks;
 }
 
-TaskList activeTasks(const TaskList& tasks, const BoardFilter& filter, const QDateTime& now, const Calendar& calendar) {
+TaskList matchingTasks(const TaskList& tasks, const BoardFilter& filter, const Calendar& calendar) {
   const TextSearch search(filter.search, calendar.locale());
   const bool isTagFiltered = filter.showTags == TagFilter::On && filter.selectedTag != TaskTag::none;
-  const QDateTime tomorrow = Task::startOfTomorrow(now, calendar);
-  TaskList shown;
+  TaskList matching;
   for (const TaskPtr& task : tasks) {
-    if (task->isCompleted() || task->isBurned() || task->isSleeping(tomorrow)) continue;
     if (!isOnBoard(*task, filter.selectedBoard) || !search.isIn(task->text())) continue;
     if (isTagFiltered && task->tag() != filter.selectedTag) continue;
-    shown.push_back(task);
+    matching.push_back(task);
   }
+  return matching;
+}
+
+TaskList activeTasks(const TaskList& tasks, const BoardFilter& filter, const QDateTime& now, const Calendar& calendar) {
+  const QDateTime tomorrow = Task::startOfTomorrow(now, calendar);
+  TaskList shown;
+  std::ranges::copy_if(tasks, std::back_inserter(shown), [&](const TaskPtr& task) {
+    return !task->isCompleted() && !task->isBurned() && !task->isSleeping(tomorrow);
+  });
+  shown = matchingTasks(shown, filter, calendar);
   if (filter.gitRoot) {
     std::ranges::stable_partition(shown, [&](const TaskPtr& task) { return task->record().gitRepoPath == filter.gitRoot; });
   }

@@ -29,6 +29,8 @@ struct BoardFilter {
 /// Newest first; notes of one moment by their ids, so that the order is the same at each draw.
 [[nodiscard]] TaskList newestFirst(TaskList tasks);
 
+/// The notes of the filter's board, search and tag, whatever their state.
+[[nodiscard]] TaskList matchingTasks(const TaskList& tasks, const BoardFilter& filter, const Calendar& calendar);
 /// The notes on the wall.
 [[nodiscard]] TaskList activeTasks(const TaskList& tasks, const BoardFilter& filter, const QDateTime& now,
                                    const Calendar& calendar);

@@ -11,11 +11,14 @@
 #include "platform/Screens.h"
 #include "platform/WindowServer.h"
 
+#include <chrono>
+#include <functional>
 #include <list>
 #include <memory>
 
 namespace tarnwick {
 
+class CrushOverlayWindow;
 class DockTrashLocator;
 
 class CrushToTrashAnimator final : public CrushFlight {
@@ -41,7 +44,10 @@ class CrushToTrashAnimator final : public CrushFlight {
 
  private:
   struct Flight;
-  void finish(const Flight* flight);
+  void open(CrushOverlayWindow& window);
+  /// Runs the work at a media time; the handle is the flight's, so it ends with it.
+  void runAt(std::chrono::nanoseconds moment, Registration& handle, std::function<void()> work);
+  void finish(Flight& flight);
 
   Ports m_ports;
   std::list<std::unique_ptr<Flight>> m_flights;

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// Paints frames of a crush plan. What is costly (shadows, the ball) is made once at construction; a frame only places it.
+#pragma once
+
+#include "effects/CrushPlan.h"
+
+#include <QImage>
+#include <QRectF>
+#include <QRegion>
+
+class QPainter;
+
+namespace tarnwick {
+
+class CrushPainter final {
+ public:
+  /// `picture` may be null; `scale`: device pixels per device-independent pixel.
+  CrushPainter(CrushPlan plan, DesktopSize stage, const QImage& picture, double scale);
+
+  [[nodiscard]] const CrushPlan& plan() const { return m_plan; }
+  /// Paints what of the frame lies in the region; both in the stage's pixels from its top-left corner.
+  void paint(QPainter& painter, const CrushFrame& frame, const QRegion& exposed) const;
+  /// The pixels that must be painted again between two frames.
+  [[nodiscard]] QRegion movedRegion(const CrushFrame& from, const CrushFrame& to) const;
+
+ private:
+  void paintLayer(QPainter& painter, const CrushLayer& layer, const CrushLayerState& state, double pictureOpacity) const;
+  /// The layer's own drawing about its centre, y down, at full opacity.
+  void drawSheet(QPainter& painter, const CrushLayer& layer, const CrushLayerState& state, double pictureOpacity) const;
+  void drawBall(QPainter& painter, const CrushLayerState& state) const;
+  [[nodiscard]] QRectF toStagePixels(const DesktopRect& rect) const;
+
+  CrushPlan m_plan;
+  DesktopSize m_stage;
+  QImage m_picture;
+  double m_scale;
+  QImage m_ball;
+  QImage m_ballShadow;
+  QImage m_sheetShadow;
+};
+
+}  // namespace tarnwick

@@ -111,7 +111,8 @@ class Search final {
   }
 
   [[nodiscard]] std::optional<QString> run() const {
-    if (const auto found = fromAbsolute()) return found;
+    // A path that is not there (gone, or on another machine) rules the guesses below out.
+    if (!m_absolute.isEmpty()) return fromAbsolute();
     if (const auto found = fromNamedFolders()) return found;
     if (const auto found = fromNamedFiles()) return found;
     return m_pieces.size() <= 1 ? fromProcess() : std::nullopt;

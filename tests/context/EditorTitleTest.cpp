@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "context/EditorTitle.h"
+
+#include <gtest/gtest.h>
+
+#include <QMap>
+
+namespace tarnwick::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// A small home: some projects, and files with awkward names.
+PathKind probe(const QString& path) {
+  static const QStringList files{
+      u"/home/ada/proj/src/main.c"_s,         u"/home/ada/proj/README.md"_s, u"/home/ada/code/engine/main.rs"_s,
+      u"/home/ada/odd - name/part (2)/a.c"_s, u"/srv/other/README.md"_s,     u"/srv/other/src/util.c"_s,
+      u"/home/ada/todo.txt"_s,                u"/main.c"_s,
+  };
+  for (const auto& file : files) {
+    if (file == path) return PathKind::File;
+    if (file.startsWith(path + u'/') || path == u"/") return PathKind::Folder;
+  }
+  return PathKind::None;
+}
+
+struct Row {
+  const char* name;
+  QString title;
+  QString application;
+  QString workingFolder;
+  QStringList arguments;
+  QString folder;  // empty = none
+};
+
+std::string nameOf(const testing::TestParamInfo<Row>& row) { return row.param.name; }
+
+class EditorTitle : public testing::TestWithParam<Row> {};
+
+TEST_P(EditorTitle, namesTheFolderOrNothing) {
+  const auto& row = GetParam();
+  const EditorProcess process{row.application, row.workingFolder, row.arguments, u"/home/ada"_s};
+  EXPECT_EQ(folderFromTitle(row.title, process, probe).value_or(QString()).toStdString(), row.folder.toStdString())
+      << titlePieces(row.title, row.application).join(u" | "_s).toStdString();
+}
+
+const QString kHome = u"/home/ada"_s;
+const QString kSource = u"/home/ada/proj/src"_s;
+
+INSTANTIATE_TEST_SUITE_P(
+    forms, EditorTitle,
+    testing::Values(
+        Row{"mousepadFullPath", u"/home/ada/proj/src/main.c - Mousepad"_s, u"Mousepad"_s, kHome, {}, kSource},
+        Row{"mousepadUnsavedTilde", u"*~/proj/src/main.c - Mousepad"_s, u"Mousepad"_s, kHome, {}, kSource},
+        Row{"geditBrackets", u"*main.c (~/proj/src) - gedit"_s, u"gedit"_s, kHome, {}, kSource},
+        Row{"geanyTwoParts", u"main.c - /home/ada/proj/src - Geany"_s, u"Geany"_s, kHome, {}, kSource},
+        Row{"rootFile", u"/main.c - Mousepad"_s, u"Mousepad"_s, kHome, {}, u"/"_s},
+        Row{"kate", u"~/proj/src/main.c  — Kate"_s, u"Kate"_s, kHome, {}, kSource},
+        Row{"jetbrains", u"proj [~/proj] – src/main.c"_s, u"IntelliJ IDEA"_s, kHome, {}, kSource},
+        Row{"jetbrainsElided", u"proj – .../src/main.c"_s, u"IntelliJ IDEA"_s, kHome, {}, kSource},
+        Row{"sublimeProject", u"~/proj/src/main.c (proj) - Sublime Text"_s, u"Sublime Text"_s, kHome, {}, kSource},
+        Row{"vimBrackets", u"main.c + (~/proj/src) - GVIM"_s, u"GVim"_s, kHome, {}, kSource},
+        Row{"dashAndBracketsInPath", u"/home/ada/odd - name/part (2)/a.c - Mousepad"_s, u"Mousepad"_s, kHome, {},
+            u"/home/ada/odd - name/part (2)"_s},
+        Row{"fileUrl", u"file:///home/ada/proj/src/main.c - Editor"_s, u"Editor"_s, kHome, {}, kSource}),
+    nameOf);
+
+INSTANTIATE_TEST_SUITE_P(
+    projects, EditorTitle,
+    testing::Values(
+        Row{"folderBelowHome", u"● README.md - proj - Visual Studio Code"_s, u"Visual Studio Code"_s, kHome, {},
+            u"/home/ada/proj"_s},
+        Row{"folderAmongProjects", u"main.rs - engine - Code - OSS"_s, u"Code"_s, kHome, {}, u"/home/ada/code/engine"_s},
+        Row{"folderFromArgument", u"util.c - other - Visual Studio Code"_s, u"Visual Studio Code"_s, kHome,
+            {u"--new-window"_s, u"/srv/other"_s}, u"/srv/other"_s},
+        Row{"folderFromWorkingFolder", u"README.md — other"_s, u"Zed"_s, u"/srv/other"_s, {}, u"/srv/other"_s},
+        Row{"fileInWorkingFolder", u"README.md - KWrite"_s, u"KWrite"_s, u"/srv/other"_s, {}, u"/srv/other"_s},
+        Row{"relativeArgument", u"util.c - Editor"_s, u"Editor"_s, u"/srv/other"_s, {u"src/util.c"_s},
+            u"/srv/other/src"_s},
+        Row{"onlyTheApplication", u"Emacs"_s, u"Emacs"_s, u"/srv/other"_s, {}, u"/srv/other"_s}),
+    nameOf);
+
+// A wrong folder would show the notes of another repository: then rather none.
+INSTANTIATE_TEST_SUITE_P(
+    contradictions, EditorTitle,
+    testing::Values(
+        Row{"fileOfAnotherProject", u"README.md - elsewhere - Visual Studio Code"_s, u"Visual Studio Code"_s,
+            u"/srv/other"_s, {}, {}},
+        Row{"untitled", u"Untitled 1 - notes - Editor"_s, u"Editor"_s, u"/srv/other"_s, {}, {}},
+        Row{"homeSaysNothing", u"Emacs"_s, u"Emacs"_s, kHome, {}, {}},
+        Row{"goneFile", u"/home/ada/gone/main.c - Mousepad"_s, u"Mousepad"_s, u"/srv/other"_s, {}, {}},
+        Row{"emptyTitle", u""_s, u"Editor"_s, {}, {}, {}},
+        Row{"marksOnly", u" * - • - Editor"_s, u"Editor"_s, kHome, {}, {}}),
+    nameOf);
+
+}  // namespace
+}  // namespace tarnwick::test

@@ -38,6 +38,10 @@ bool isGroup(CrushLayerKind kind) { return kind == CrushLayerKind::Sheet || kind
 CrushPainter::CrushPainter(CrushPlan plan, DesktopSize stage, const QImage& picture, double scale)
     : m_plan(std::move(plan)), m_stage(stage), m_picture(picture), m_scale(scale) {
   m_picture.setDevicePixelRatio(1);
+  // On whole device pixels: an edge that is cut the same way whatever else clips the painter.
+  const auto rim = toStagePixels(m_plan.hidden);
+  const auto snapped = [scale](double edge) { return std::round(edge * scale) / scale; };
+  m_hidden = QRectF(QPointF(snapped(rim.left()), snapped(rim.top())), QPointF(snapped(rim.right()), snapped(rim.bottom())));
   for (const auto& layer : m_plan.layers) {
     const auto body = centred(layer.size.width, layer.size.height);
     if (layer.kind == CrushLayerKind::Ball) {
@@ -83,22 +87,20 @@ void CrushPainter::paintLayer(QPainter& painter, const CrushLayer& layer, const 
                               double pictureOpacity) const {
   const QPointF centre = DesktopSpace(m_stage.height).toQt(state.position);
   const auto drawGroup = [&](QPainter& into) {
+    place(into, centre, state.transform);
     if (layer.kind == CrushLayerKind::Sheet) {
-      place(into, centre, state.transform);
       drawSheet(into, layer, state, pictureOpacity);
     } else {
-      place(into, centre, state.transform);
       drawBall(into, state);
     }
   };
 
   painter.save();
   if (layer.kind == CrushLayerKind::Ball) {
-    const QRegion stage(QRectF(0, 0, m_stage.width, m_stage.height).toAlignedRect());
     QPainterPath seen;
-    seen.addRect(stage.boundingRect());
+    seen.addRect(QRectF(0, 0, m_stage.width, m_stage.height));
     QPainterPath rim;
-    rim.addRect(toStagePixels(m_plan.hidden));
+    rim.addRect(m_hidden);
     painter.setClipPath(seen.subtracted(rim), Qt::IntersectClip);
   }
   if (isGroup(layer.kind) && state.opacity < 1) {

@@ -34,6 +34,7 @@ class CrushPainter final {
   DesktopSize m_stage;
   QImage m_picture;
   double m_scale;
+  QRectF m_hidden;
   QImage m_ball;
   QImage m_ballShadow;
   QImage m_sheetShadow;

@@ -143,7 +143,8 @@ CrushLayerState CrushLayer::stateAt(double mediaTime) const {
 }
 
 DesktopRect CrushLayer::boundsIn(const CrushLayerState& state) const {
-  if (state.opacity <= 0) return {};
+  constexpr double kFaintest = 1.0 / 512;  // less leaves no trace in a pixel
+  if (state.opacity < kFaintest) return {};
   const double reach = shadowReach(kind);
   double halfWidth = (size.width / 2 + reach) * std::abs(state.transform.scaleX);
   double halfHeight = (size.height / 2 + reach) * std::abs(state.transform.scaleY);

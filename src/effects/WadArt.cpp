@@ -234,23 +234,26 @@ QImage colored(const ShadeMap& map, const QColor& color) {
 }  // namespace
 
 QImage WadArt::image(const QColor& color, double size, double scale) {
+  struct Look {
+    int edge;
+    double scale;
+    QImage image;
+  };
   static QCache<int, ShadeMap> maps(4);
-  static QCache<std::pair<int, QRgb>, QImage> images(24);
+  static QCache<QRgb, Look> looks(24);
   const int edge = std::max(1, static_cast<int>(std::lround(size * scale)));
-  const std::pair key(edge, color.toRgb().rgb());
-  QImage image;
-  if (const auto* kept = images.object(key)) {
-    image = *kept;
-  } else {
-    auto* map = maps.object(edge);
-    if (!map) {
-      map = new ShadeMap(computeShades(edge));
-      maps.insert(edge, map);
-    }
-    image = colored(*map, color.toRgb());
-    images.insert(key, new QImage(image));
+  const QRgb paper = color.toRgb().rgb();
+  if (const auto* kept = looks.object(paper); kept && kept->edge == edge && qFuzzyCompare(kept->scale, scale)) {
+    return kept->image;
   }
+  auto* map = maps.object(edge);
+  if (!map) {
+    map = new ShadeMap(computeShades(edge));
+    maps.insert(edge, map);
+  }
+  auto image = colored(*map, color.toRgb());
   image.setDevicePixelRatio(scale);
+  looks.insert(paper, new Look{edge, scale, image});
   return image;
 }
 

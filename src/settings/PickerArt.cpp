@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "settings/PickerArt.h"
 
-#include "effects/Symbols.h"
 #include "effects/Tokens.h"
+#include "effects/WadArt.h"
 #include "model/Color.h"
 
 #include <QLinearGradient>
+#include <QPaintDevice>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -63,8 +64,9 @@ void paintThemeSwatch(QPainter& painter, const QRectF& box, PaperTheme theme) {
 }
 
 void paintCrushPicture(QPainter& painter, const QRectF& box) {
-  Symbols::paint(painter, QStringLiteral("wad"), QRectF(box.center().x() - 9, box.center().y() - 9, 18, 18),
-                 QColor(tokens::kAccent));
+  constexpr double kBall = 20;
+  const auto ball = WadArt::image(QColor(tokens::kAccent), kBall, painter.device()->devicePixelRatioF());
+  painter.drawImage(QRectF(box.center() - QPointF(kBall, kBall) / 2, QSizeF(kBall, kBall)), ball);
 }
 
 void paintShredPicture(QPainter& painter, const QRectF& box) {

@@ -36,6 +36,17 @@ double paragraphHeight(const QString& text, tokens::Type role, double width) {
   return breakLines(layout, width, Qt::AlignLeading) * tokens::lineHeight(role);
 }
 
+double balancedWidth(const QString& text, tokens::Type role, double width) {
+  const double height = paragraphHeight(text, role, width);
+  double tooNarrow = width / 2;
+  double enough = width;
+  while (enough - tooNarrow > 1) {
+    const double middle = (tooNarrow + enough) / 2;
+    (paragraphHeight(text, role, middle) > height ? tooNarrow : enough) = middle;
+  }
+  return std::ceil(enough);
+}
+
 void paintParagraph(QPainter& painter, const QRectF& rect, const QString& text, tokens::Type role,
                     Qt::Alignment alignment) {
   QTextLayout layout(withLineBreaks(text), tokens::font(role));

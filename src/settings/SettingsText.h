@@ -29,6 +29,8 @@ class SettingsText final : public QLabel {
 
 /// Height of a text in a role's lines, wrapped to the width.
 [[nodiscard]] double paragraphHeight(const QString& text, tokens::Type role, double width);
+/// The narrowest width that takes no more lines than the given one: lines of like length read as one block.
+[[nodiscard]] double balancedWidth(const QString& text, tokens::Type role, double width);
 /// Draws it from the top of the rectangle with the painter's pen.
 void paintParagraph(QPainter& painter, const QRectF& rect, const QString& text, tokens::Type role,
                     Qt::Alignment alignment = Qt::AlignLeading);

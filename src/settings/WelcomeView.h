@@ -6,9 +6,12 @@
 
 #include "platform/Registration.h"
 
-#include <QPointF>
+#include <QPixmap>
+#include <QPoint>
+#include <QSize>
 #include <QWidget>
 
+#include <array>
 #include <chrono>
 #include <functional>
 #include <optional>
@@ -35,7 +38,6 @@ class WelcomeView final : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -44,28 +46,36 @@ class WelcomeView final : public QWidget {
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
-  enum class Turn { Animated, AtOnce };
-
-  void goTo(int page, Turn turn);
+  void goTo(int page);
   void forward();
+  void startSlide();
   void stepSlide(std::chrono::nanoseconds mediaTime);
   void readTrust();
   void openAccessibilitySettings();
-  void refreshButtons();
-  void paintPage(QPainter& painter, int page) const;
+  void refreshControls();
+  void placeControls();
+
+  void paintBackdrop(QPainter& painter) const;
+  void paintPage(QPainter& painter, int page);
+  void paintTrustLine(QPainter& painter) const;
+  void paintMarks(QPainter& painter) const;
+  [[nodiscard]] const QPixmap& picture(int page);
 
   Ports m_ports;
   std::function<void()> m_onFinish;
   int m_page = 0;
   bool m_isTrusted = false;
 
-  double m_slideFrom = 0;      // page position at which the present turn began
-  double m_slidePosition = 0;  // 0 = first page, 2 = last
-  double m_slideVelocity = 0;  // pages per second when the present turn began
+  // Positions are in pages: 0 is the first, 2 the last.
+  double m_position = 0;
+  double m_velocity = 0;  // pages per second
+  double m_slideFrom = 0;
+  double m_slideVelocity = 0;  // when the present turn began: a turn taken in flight keeps its speed
   std::optional<std::chrono::nanoseconds> m_slideStart;
   Registration m_slide;
   Registration m_poll;
   std::optional<QPoint> m_dragOffset;
+  std::array<QPixmap, kPageCount> m_pictures;
 
   WelcomeButton* m_back = nullptr;
   WelcomeButton* m_openSettings = nullptr;

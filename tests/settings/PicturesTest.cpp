@@ -3,6 +3,8 @@
 // are kept there to be looked at.
 #include "SettingsFixture.h"
 
+#include "settings/WelcomeView.h"
+
 #include <QImage>
 #include <QPainter>
 
@@ -81,6 +83,35 @@ TEST_F(Pictures, aRefusedLoginItemMakesRoomForItsText) {
   click(u"Change the shortcut, now ⌘ ⇧ T"_s);
   QCoreApplication::processEvents();
   keep(window, u"general-recording"_s);
+}
+
+class WelcomePictures : public testing::Test {
+ protected:
+  ManualTime time;
+  FakeAccessibility accessibility;
+  FakeWorkspace workspace;
+  FakeWindowServer windowServer;
+  FakeScreens screens;
+};
+
+TEST_F(WelcomePictures, everyPageAndATurnHalfWay) {
+  accessibility.hasTree = false;
+  WelcomeView view({accessibility, time, workspace, windowServer, screens}, [] {});
+  view.setAttribute(Qt::WA_TranslucentBackground);
+  view.show();
+  const auto forward = [&] { QTest::keyClick(view.focusWidget(), Qt::Key_Return); };
+  for (int page = 0; page < WelcomeView::kPageCount; ++page) {
+    EXPECT_GT(colorCount(view), 200);
+    keep(view, u"welcome-%1"_s.arg(page + 1));
+    if (page == WelcomeView::kPageCount - 1) break;
+    forward();
+    time.advance(std::chrono::milliseconds(110));
+    keep(view, u"welcome-%1-turning"_s.arg(page + 1));
+    time.advance(std::chrono::seconds(2));
+  }
+  accessibility.hasTree = true;
+  time.advance(std::chrono::seconds(1));
+  keep(view, u"welcome-3-on"_s);
 }
 
 }  // namespace

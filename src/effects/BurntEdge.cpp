@@ -11,6 +11,8 @@
 #include <QPen>
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
 
 namespace tarnwick {
 
@@ -42,10 +44,12 @@ QRectF lowerStrip(const QSizeF& size) { return {-12, size.height() - 46, size.wi
 BurntEdge::BurntEdge(const QSizeF& size, quint32 seed) : m_size(size), m_seed(seed) {
   PaperRandom random(seed ^ 0xF1AEU);
   const double height = size.height();
+  const double phase = random.next() * 2 * std::numbers::pi;
   m_line << QPointF(size.width(), height - random.between(4, 9));
   for (double x = size.width() - random.between(3, 9.5); x > 0; x -= random.between(3, 9.5)) {
-    const double bite = random.next() < .17 ? random.between(0, 4) : 0;
-    m_line << QPointF(x, height - random.between(1.5, 6) - bite);
+    const double wave = 1.4 * (1 + std::sin(phase + x / 17));
+    const double bite = random.next() < .2 ? random.between(0, 2.5) : 0;
+    m_line << QPointF(x, height - random.between(1.5, 4.7) - wave - bite);
   }
   m_line << QPointF(0, height - random.between(4, 9));
 }
@@ -75,10 +79,10 @@ void BurntEdge::paintScorch(QPainter& painter) const {
   const QRectF area = lowerStrip(m_size);
   QImage picture = tinted(blurredAlpha(area, scale, 6, [&](QPainter& into) {
                             into.strokePath(outline(3), QPen(Qt::black, 22));
-                          }), tokens::faded(QColor(0x4A, 0x25, 0x0C), .70), scale);
+                          }), tokens::faded(QColor(0x4A, 0x25, 0x0C), .80), scale);
   QPainter over(&picture);
-  over.drawImage(QPointF(0, 0), tinted(blurredAlpha(area, scale, 2, [&](QPainter& into) {
-                                         into.strokePath(outline(3), QPen(Qt::black, 7));
+  over.drawImage(QPointF(0, 0), tinted(blurredAlpha(area, scale, 2.8, [&](QPainter& into) {
+                                         into.strokePath(outline(3), QPen(Qt::black, 13));
                                        }), tokens::faded(QColor(0x14, 0x0B, 0x06), .90), scale));
   // The scorch ends within the last stretch of paper, whatever the outline is.
   QLinearGradient fade(0, m_size.height() - kScorchedHeight - area.y(), 0, m_size.height() - 10 - area.y());
@@ -96,7 +100,7 @@ void BurntEdge::paintScorch(QPainter& painter) const {
                                                    m_size.height() - random.between(4, 9));
                                   const double radius = random.between(5, 14);
                                   into.setPen(Qt::NoPen);
-                                  into.setBrush(tokens::black(random.between(.30, .62)));
+                                  into.setBrush(tokens::black(random.between(.35, .75)));
                                   into.drawEllipse(at, radius * 1.5, radius * .75);
                                 }
                               }), tokens::faded(QColor(0x2A, 0x12, 0x06), .76), scale);
@@ -104,8 +108,12 @@ void BurntEdge::paintScorch(QPainter& painter) const {
 }
 
 void BurntEdge::paintEmbers(QPainter& painter) const {
+  painter.strokePath(linePath(), dashed(QColor(0x1A, 0x0E, 0x08), 2.6, {}));
+  paintFire(painter);
+}
+
+void BurntEdge::paintFire(QPainter& painter) const {
   const QPainterPath path = linePath();
-  painter.strokePath(path, dashed(QColor(0x1A, 0x0E, 0x08), 2.6, {}));
   painter.strokePath(path, dashed(QColor(tokens::kAmber), 1.1, {20, 11, 38, 16, 7, 8}));
   painter.strokePath(path, dashed(QColor(0xFF, 0xE9, 0xB0), .6, {6, 60, 12, 40}));
 }
@@ -118,7 +126,14 @@ void BurntEdge::paintGlow(QPainter& painter, double strength) const {
     const auto drawn = [&](QPainter& into) {
       into.strokePath(linePath(), dashed(Qt::black, 3.4, {22, 9, 40, 14, 9, 6}));
     };
-    return QPixmap::fromImage(tinted(blurredAlpha(area, scale, 2, drawn), QColor(tokens::kEmber), scale));
+    QImage picture = tinted(blurredAlpha(area, scale, 2, drawn), tokens::faded(QColor(tokens::kEmber), .90), scale);
+    // The glow lies over the sheet: the fire within it stays sharp.
+    QPainter over(&picture);
+    over.setRenderHint(QPainter::Antialiasing);
+    over.translate(-area.topLeft());
+    paintFire(over);
+    over.end();
+    return QPixmap::fromImage(picture);
   });
   painter.save();
   painter.setOpacity(painter.opacity() * std::clamp(strength, 0.0, 1.0));

@@ -27,6 +27,7 @@ class BurntEdge {
 
  private:
   [[nodiscard]] QPainterPath linePath() const;
+  void paintFire(QPainter& painter) const;
 
   QSizeF m_size;
   quint32 m_seed;

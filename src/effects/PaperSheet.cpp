@@ -14,6 +14,7 @@
 #include <QPainter>
 #include <QUuid>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tarnwick {
@@ -72,7 +73,7 @@ QPixmap grain(double scale) {
     for (int y = 0; y < pixels; ++y) {
       auto* line = reinterpret_cast<QRgb*>(tile.scanLine(y));
       for (int x = 0; x < pixels; ++x) {
-        line[x] = qRgba(0, 0, 0, static_cast<int>(random.next() * 11));
+        line[x] = qRgba(0, 0, 0, static_cast<int>(random.next() * 10));
       }
     }
     tile.setDevicePixelRatio(scale);
@@ -84,9 +85,9 @@ QPixmap grain(double scale) {
 QLinearGradient lamp(const QSizeF& size, double share) {
   QLinearGradient light(0, 0, .12 * size.width(), size.height());
   light.setColorAt(0, tokens::white(.34 * share));
-  light.setColorAt(.13, tokens::white(.22 * share));
-  light.setColorAt(.20, tokens::white(.17 * share));
-  light.setColorAt(.58, tokens::white(.13 * share));
+  light.setColorAt(.13, tokens::white(.23 * share));
+  light.setColorAt(.20, tokens::white(.18 * share));
+  light.setColorAt(.58, tokens::white(.155 * share));
   light.setColorAt(.88, tokens::white(.19 * share));
   light.setColorAt(1, tokens::white(.12 * share));
   return light;
@@ -129,10 +130,9 @@ void paintFlap(QPainter& painter, const LiftedPaperShape& shape, const QColor& p
   const QPainterPath flap = shape.flap();
   painter.save();
   painter.setClipPath(shape.outline(), Qt::IntersectClip);
-  paintShadow(painter, QStringLiteral("flap %1 %2").arg(flap.boundingRect().width()).arg(flap.boundingRect().height()),
-              flap.boundingRect().topLeft() + QPointF(-2.5, -1), [&] {
-                return std::vector<ShadowLayer>{{flap.translated(-flap.boundingRect().topLeft()), 0, 3, .34}};
-              });
+  const QRectF bounds = flap.boundingRect();
+  paintShadow(painter, QStringLiteral("flap %1 %2").arg(bounds.width()).arg(bounds.height()),
+              bounds.topLeft() + QPointF(-2.5, -1), {{flap.translated(-bounds.topLeft()), 0, 3, .34}});
   painter.restore();
   const QColor back = Color::blend(paper, Qt::white, .42);
   QLinearGradient shade(shape.fold() + QPointF(2, 2), shape.tip());
@@ -176,29 +176,36 @@ QPainterPath placed(const PaperSheet& sheet, const Cut& made) {
   return peelsAtLeft(sheet, made) ? mirroring(made.size.width()).map(made.outline) : made.outline;
 }
 
+// The glue strip holds the top, the lower corners curl away from the wall.
+QPainterPath curledCorners(const QSizeF& size, double offset) {
+  const double width = size.width();
+  const double height = size.height();
+  QPainterPath path(QPointF(6, height * .6));
+  path.lineTo(width - 6, height * .6);
+  path.lineTo(width - 2, height + offset);
+  path.quadTo(width / 2, height - 4, 2, height + offset);
+  path.closeSubpath();
+  return path;
+}
+
 void paintSheetShadow(QPainter& painter, const PaperSheet& sheet, const Cut& made) {
+  // A corner on its way up keeps the shadow of its rest: nothing is blurred while it moves.
+  constexpr double kRestingPeel = 28;
   const bool isBurnt = sheet.edge == PaperEdge::Smoldering;
+  const double peel = std::min(made.peel, kRestingPeel);
+  const Radii corner = radii(sheet.kind);
+  const QPainterPath shape =
+      isBurnt ? made.outline : LiftedPaperShape(made.size, corner.top, corner.bottom, peel).outline();
+  const Shadow depth = shadow(sheet.kind, sheet.lift);
+  std::vector<ShadowLayer> layers{{shape, depth.ambient.offset, depth.ambient.sigma, depth.ambient.alpha}};
+  if (!isBurnt) {
+    layers.push_back({curledCorners(made.size, depth.corners.offset), 0, depth.corners.sigma, depth.corners.alpha});
+  }
+  layers.push_back({shape, depth.contact.offset, depth.contact.sigma, depth.contact.alpha});
   const QString key = QStringLiteral("sheet %1 %2 %3 %4 %5 %6")
                           .arg(made.size.width()).arg(made.size.height()).arg(static_cast<int>(sheet.kind))
-                          .arg(static_cast<int>(sheet.lift)).arg(made.peel).arg(isBurnt ? sheet.seed + 1ULL : 0ULL);
-  paintShadow(painter, key, {}, [&] {
-    const Shadow depth = shadow(sheet.kind, sheet.lift);
-    const QPainterPath shape = isBurnt ? made.outline : made.shape.outline();
-    std::vector<ShadowLayer> layers{{shape, depth.ambient.offset, depth.ambient.sigma, depth.ambient.alpha}};
-    if (!isBurnt) {
-      const double width = made.size.width();
-      const double height = made.size.height();
-      const double foot = height + depth.corners.offset;
-      QPainterPath corners(QPointF(6, height * .6));
-      corners.lineTo(width - 6, height * .6);
-      corners.lineTo(width - 2, foot);
-      corners.quadTo(width / 2, height - 4, 2, foot);
-      corners.closeSubpath();
-      layers.push_back({corners, 0, depth.corners.sigma, depth.corners.alpha});
-    }
-    layers.push_back({shape, depth.contact.offset, depth.contact.sigma, depth.contact.alpha});
-    return layers;
-  });
+                          .arg(static_cast<int>(sheet.lift)).arg(peel).arg(isBurnt ? sheet.seed + 1ULL : 0ULL);
+  paintShadow(painter, key, {}, layers);
 }
 
 void paintFace(QPainter& painter, const PaperSheet& sheet, const Cut& made) {

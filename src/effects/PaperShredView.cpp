@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace tarnwick {
 
@@ -78,10 +77,12 @@ void PaperShredView::paint(QPainter& painter, const QRectF& rect, const QPixmap&
   painter.setOpacity(painter.opacity() * (1 - share(progress, kFadeStarts, 1)));
   const double wide = rect.width() / kRibbons;
   for (int i = 0; i < kRibbons && cut < rect.bottom(); ++i) {
-    const double phase = random.next() * 2 * std::numbers::pi;
-    const double haste = random.between(.75, 1.25);
+    // Neighbours hang almost alike, or they would cut through each other; the outer ones keep inside the window.
+    const double haste = random.between(.85, 1.15);
+    const double phase = i * .5 + random.between(-.35, .35);
     const double free = (rect.bottom() - cut) / rect.height();
-    const double sway = kSway * free * std::sin(phase + progress * 9 * haste);
+    const double inward = (i - (kRibbons - 1) / 2.0) / kRibbons * 6;
+    const double sway = std::clamp(free * (inward + kSway * .7 * std::sin(phase + progress * 9)), -kSway, kSway);
     const double fall = drop * drop * rect.height() * 1.1 * haste;
     const QRectF ribbon(rect.left() + i * wide, cut, wide, rect.bottom() - cut);
     painter.save();
@@ -91,8 +92,9 @@ void PaperShredView::paint(QPainter& painter, const QRectF& rect, const QPixmap&
     painter.restore();
   }
   painter.restore();
-  if (progress > kRollerStarts && progress < kRollerEnds + .06) {
-    paintRoller(painter, rect, std::max(cut, rect.top() + 2));
+  if (progress > kRollerStarts && progress < kFadeStarts) {
+    painter.setOpacity(painter.opacity() * (1 - share(progress, kRollerEnds, kFadeStarts)));
+    paintRoller(painter, rect, std::clamp(cut, rect.top() + 5, rect.bottom() - 7));
   }
   painter.restore();
 }

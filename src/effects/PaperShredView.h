@@ -20,7 +20,7 @@ class PaperShredView {
   [[nodiscard]] static double angle(double tilt, double progress);
   /// How much of the note, from below, the roller has passed: 0 to 1.
   [[nodiscard]] static double shredded(double progress);
-  /// The level note's picture within `rect` at a progress of 0 to 1; nothing is left at 1.
+  /// The level note's picture, best without its shadow, within `rect` at a progress of 0 to 1; nothing is left at 1.
   static void paint(QPainter& painter, const QRectF& rect, const QPixmap& note, double tilt, double progress);
 };
 

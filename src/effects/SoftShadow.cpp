@@ -4,7 +4,6 @@
 #include "effects/PixmapCache.h"
 #include "effects/Tokens.h"
 
-#include <QHash>
 #include <QPainter>
 
 #include <algorithm>
@@ -117,18 +116,12 @@ QImage tinted(const QImage& alpha, const QColor& color, double scale) {
   return result;
 }
 
-void paintShadow(QPainter& painter, const QString& key, const QPointF& origin,
-                 const std::function<std::vector<ShadowLayer>()>& layers) {
+void paintShadow(QPainter& painter, const QString& key, const QPointF& origin, const std::vector<ShadowLayer>& layers) {
   const double scale = deviceScale(painter);
-  static QHash<QString, QPointF> corners;
-  const QString scaled = key + QStringLiteral(" @%1").arg(scale);
-  const QPixmap pixmap = cache().fetch(scaled, [&] {
-    const std::vector<ShadowLayer> made = layers();
-    const QRectF area = spread(made);
-    corners.insert(scaled, area.topLeft());
-    return shadowPixmap(made, area, scale);
-  });
-  painter.drawPixmap(origin + corners.value(scaled), pixmap);
+  const QRectF area = spread(layers);
+  const QPixmap pixmap = cache().fetch(QStringLiteral("%1 @%2").arg(key).arg(scale),
+                                       [&] { return shadowPixmap(layers, area, scale); });
+  painter.drawPixmap(origin + area.topLeft(), pixmap);
 }
 
 void paintBoxShadow(QPainter& painter, const QRectF& rect, double topRadius, double bottomRadius, double offset,
@@ -136,10 +129,8 @@ void paintBoxShadow(QPainter& painter, const QRectF& rect, double topRadius, dou
   const QString key = QStringLiteral("box %1 %2 %3 %4 %5 %6 %7")
                           .arg(rect.width()).arg(rect.height()).arg(topRadius).arg(bottomRadius).arg(offset).arg(sigma)
                           .arg(alpha);
-  paintShadow(painter, key, rect.topLeft(), [&] {
-    return std::vector<ShadowLayer>{
-        {roundedBox(QRectF(QPointF(0, 0), rect.size()), topRadius, bottomRadius), offset, sigma, alpha}};
-  });
+  const QPainterPath box = roundedBox(QRectF(QPointF(0, 0), rect.size()), topRadius, bottomRadius);
+  paintShadow(painter, key, rect.topLeft(), {{box, offset, sigma, alpha}});
 }
 
 QPainterPath roundedBox(const QRectF& rect, double topRadius, double bottomRadius) {

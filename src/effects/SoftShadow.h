@@ -29,10 +29,9 @@ struct ShadowLayer {
 /// The colour wherever the alpha image says, as a picture at the scale.
 [[nodiscard]] QImage tinted(const QImage& alpha, const QColor& color, double scale);
 
-/// Paints the layers' shadow with its shapes' origin at `origin`. Shapes of one key are all alike and are blurred once;
-/// the layers are asked for only then.
-void paintShadow(QPainter& painter, const QString& key, const QPointF& origin,
-                 const std::function<std::vector<ShadowLayer>()>& layers);
+/// Paints the layers' shadow with its shapes' origin at `origin`. The layers of one key are all alike: they are blurred
+/// once per scale.
+void paintShadow(QPainter& painter, const QString& key, const QPointF& origin, const std::vector<ShadowLayer>& layers);
 /// The shadow of a rounded box, its radii above and below.
 void paintBoxShadow(QPainter& painter, const QRectF& rect, double topRadius, double bottomRadius, double offset,
                     double sigma, double alpha);

@@ -39,7 +39,8 @@ const QByteArray& drawing(const QString& name) {
   static QHash<QString, QByteArray> read;
   auto found = read.find(name);
   if (found == read.end()) {
-    found = read.insert(name, fileContent(QStringLiteral(":/symbols/%1.svg").arg(name)));
+    const bool isPlainName = !name.contains(QLatin1Char('/'));
+    found = read.insert(name, isPlainName ? fileContent(QStringLiteral(":/symbols/%1.svg").arg(name)) : QByteArray());
   }
   return found.value();
 }
@@ -117,7 +118,7 @@ QIcon Symbols::applicationIcon() {
   const QByteArray small = fileContent(QStringLiteral(":/icons/tarnwick-small.svg"));
   const QByteArray large = fileContent(QStringLiteral(":/icons/tarnwick.svg"));
   QIcon icon;
-  for (const int pixels : {16, 18, 22, 24, 32, 48, 64, 128, 256}) {
+  for (const int pixels : {16, 18, 22, 24, 32, 36, 44, 48, 64, 96, 128, 256, 512}) {
     icon.addPixmap(rendered(pixels < 48 ? small : large, pixels));
   }
   return icon;
@@ -126,7 +127,7 @@ QIcon Symbols::applicationIcon() {
 QIcon Symbols::trayIcon() {
   const QByteArray glyph = fileContent(QStringLiteral(":/icons/tarnwick-symbolic.svg"));
   QIcon icon;
-  for (const int pixels : {16, 18, 22, 24, 32, 36, 44, 48, 64}) {
+  for (const int pixels : {16, 18, 22, 24, 32, 36, 44, 48, 64, 96}) {
     icon.addPixmap(inked(glyph, QByteArrayLiteral("#000"), pixels, QColor(tokens::kText)));
   }
   return icon;

@@ -62,7 +62,7 @@ QFont font(Type role) {
   result.setWeight(chosen.weight);
   result.setStyle(role == Type::Placeholder ? QFont::StyleItalic : QFont::StyleNormal);
   result.setLetterSpacing(QFont::AbsoluteSpacing, chosen.spacing);
-  result.setHintingPreference(QFont::PreferVerticalHinting);
+  result.setHintingPreference(QFont::PreferNoHinting);
 #if QT_VERSION >= QT_VERSION_CHECK(6, 7, 0)
   if (role == Type::StatsNumber) {
     result.setFeature("tnum", 1);

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "effects/ToolButton.h"
 
-#include "effects/Controls.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
+#include "model/Color.h"
 
 #include <QFontMetricsF>
+#include <QLinearGradient>
 #include <QPainter>
 
 #include <algorithm>
@@ -26,7 +27,8 @@ ToolButton::ToolButton(const QString& symbol, const QString& accessibleName, Pla
   setAccessibleName(accessibleName);
   setToolTip(accessibleName);
   setFont(tokens::font(tokens::Type::RowTitle));
-  setHalo({radius(), radius(), 0, 0, 0, 0});
+  connect(this, &QAbstractButton::toggled, this, &ToolButton::updateHalo);
+  updateHalo();
 }
 
 void ToolButton::setSymbol(const QString& symbol) {
@@ -34,6 +36,9 @@ void ToolButton::setSymbol(const QString& symbol) {
   updateGeometry();
   update();
 }
+
+// Only a label that is on lies above the board.
+void ToolButton::updateHalo() { setHalo({radius(), radius(), 0, 2, 1.5, isChecked() ? .25 : 0}); }
 
 double ToolButton::radius() const { return m_plate == Plate::Chip ? 9 : 7; }
 
@@ -49,7 +54,14 @@ QSize ToolButton::sizeHint() const {
 void ToolButton::paintPlate(QPainter& painter) const {
   const QRectF all(rect());
   if (isChecked()) {
-    paintPaperLabel(painter, all, radius());
+    QLinearGradient label(all.topLeft(), all.bottomLeft());
+    label.setColorAt(0, QColor(tokens::kLabelTop));
+    label.setColorAt(1, Color::blend(QColor(tokens::kLabelTop), QColor(tokens::kLabelBottom), .4));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(label);
+    painter.drawRoundedRect(all, radius(), radius());
+    painter.setPen(QPen(tokens::white(.8), 1));
+    painter.drawLine(QPointF(radius(), .5), QPointF(width() - radius(), .5));
     return;
   }
   QColor fill = Qt::transparent;

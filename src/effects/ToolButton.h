@@ -18,6 +18,7 @@ class ToolButton final : public PaintedButton {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void updateHalo();
   void paintPlate(QPainter& painter) const;
   [[nodiscard]] double radius() const;
 

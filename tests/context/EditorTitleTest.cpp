@@ -15,7 +15,7 @@ PathKind probe(const QString& path) {
   static const QStringList files{
       u"/home/ada/proj/src/main.c"_s,         u"/home/ada/proj/README.md"_s, u"/home/ada/code/engine/main.rs"_s,
       u"/home/ada/odd - name/part (2)/a.c"_s, u"/srv/other/README.md"_s,     u"/srv/other/src/util.c"_s,
-      u"/home/ada/todo.txt"_s,                u"/main.c"_s,
+      u"/home/ada/list.txt"_s,                u"/main.c"_s,
   };
   for (const auto& file : files) {
     if (file == path) return PathKind::File;

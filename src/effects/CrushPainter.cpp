@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tarnwick {
@@ -50,13 +51,24 @@ CrushPainter::CrushPainter(CrushPlan plan, DesktopSize stage, const QImage& pict
                                       [&](QPainter& into) { into.drawImage(body, m_ball); });
       m_ballShadow = tinted(alpha, tokens::black(0.35), scale);
     } else if (layer.kind == CrushLayerKind::Sheet) {
-      const auto alpha = blurredAlpha(spread(body, kSheetSigma), scale, kSheetSigma, [&](QPainter& into) {
-        QPainterPath path;
-        path.addRoundedRect(body, layer.rest.cornerRadius, layer.rest.cornerRadius);
-        into.fillPath(path, Qt::black);
-      });
-      m_sheetShadow = tinted(alpha, tokens::black(0.28), scale);
+      prepareSheetShadows(layer, body);
     }
+  }
+}
+
+void CrushPainter::prepareSheetShadows(const CrushLayer& sheet, const QRectF& body) {
+  constexpr int kSteps = 6;
+  const double first = sheet.rest.cornerRadius;
+  const double last = sheet.cornerRadius.isEmpty() ? first : sheet.cornerRadius.values.back();
+  const double scale = m_scale / 2;  // a blur has no detail to lose
+  for (int step = 0; step <= kSteps; ++step) {
+    const double radius = between(first, last, static_cast<double>(step) / kSteps);
+    const auto alpha = blurredAlpha(spread(body, kSheetSigma), scale, kSheetSigma, [&](QPainter& into) {
+      QPainterPath path;
+      path.addRoundedRect(body, radius, radius);
+      into.fillPath(path, Qt::black);
+    });
+    m_sheetShadows.push_back({radius, tinted(alpha, tokens::black(0.28), scale)});
   }
 }
 
@@ -139,7 +151,11 @@ void CrushPainter::paintLayer(QPainter& painter, const CrushLayer& layer, const 
 void CrushPainter::drawSheet(QPainter& painter, const CrushLayer& layer, const CrushLayerState& state,
                              double pictureOpacity) const {
   const auto body = centred(layer.size.width, layer.size.height);
-  painter.drawImage(spread(body, kSheetSigma).translated(0, 6), m_sheetShadow);
+  // The next rounder one: a shadow sharper than its sheet would show at the corners.
+  const auto rounder = std::find_if(m_sheetShadows.begin(), m_sheetShadows.end(),
+                                    [&](const auto& shadow) { return shadow.radius >= state.cornerRadius - 1e-6; });
+  const auto& shadow = rounder == m_sheetShadows.end() ? m_sheetShadows.back() : *rounder;
+  painter.drawImage(spread(body, kSheetSigma).translated(0, 6), shadow.image);
   painter.setPen(Qt::NoPen);
   painter.setBrush(layer.color);
   painter.drawRoundedRect(body, state.cornerRadius, state.cornerRadius);

@@ -8,6 +8,8 @@
 #include <QRectF>
 #include <QRegion>
 
+#include <vector>
+
 class QPainter;
 
 namespace tarnwick {
@@ -28,6 +30,7 @@ class CrushPainter final {
   /// The layer's own drawing about its centre, y down, at full opacity.
   void drawSheet(QPainter& painter, const CrushLayer& layer, const CrushLayerState& state, double pictureOpacity) const;
   void drawBall(QPainter& painter, const CrushLayerState& state) const;
+  void prepareSheetShadows(const CrushLayer& sheet, const QRectF& body);
   [[nodiscard]] QRectF toStagePixels(const DesktopRect& rect) const;
 
   CrushPlan m_plan;
@@ -37,7 +40,11 @@ class CrushPainter final {
   QRectF m_hidden;
   QImage m_ball;
   QImage m_ballShadow;
-  QImage m_sheetShadow;
+  struct RoundedShadow {
+    double radius;
+    QImage image;
+  };
+  std::vector<RoundedShadow> m_sheetShadows;  // the sheet grows rounder as it crumples; by radius
 };
 
 }  // namespace tarnwick

@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QPainter>
 
+#include <cmath>
+
 namespace tarnwick::test {
 namespace {
 
@@ -98,6 +100,18 @@ TEST_P(Painter, theSheetLiesWhereTheNoteWasUnderItsPicture) {
   EXPECT_LT(qAlpha(at(13.6, 84.6)), 200) << "its corners are round";
   EXPECT_GT(qAlpha(at(88, 190)), 20) << "its shadow falls below";
   EXPECT_EQ(qAlpha(at(88, 40)), 0);
+}
+
+TEST_P(Painter, theShadowIsNeverSharperThanItsSheet) {
+  const auto image = whole(0.29);
+  const auto state = flight.plan().layers[0].stateAt(kBegin + 0.29);
+  // Just outside the round upper right corner, where a square one would still be.
+  const double x = 0.96 * 75 * state.transform.scaleX;
+  const double y = 0.96 * 50 * state.transform.scaleY;
+  const double c = std::cos(state.transform.rotation);
+  const double s = std::sin(state.transform.rotation);
+  const QPointF corner(state.position.x + x * c - y * s, 226 - (state.position.y + x * s + y * c));
+  EXPECT_LT(qAlpha(image.pixel((corner * scale).toPoint())), 20);
 }
 
 TEST_P(Painter, nothingIsLeftAtTheEnd) {

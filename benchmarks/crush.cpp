@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: MIT
+// What a crush costs: pace of the frames on screen, painting of one frame, processor time of one flight beside a bare
+// moving picture, and the synthesis of the three sounds at start.
+#include "context/DockTrashLocator.h"
+#include "effects/CrushOverlayWindow.h"
+#include "effects/CrushToTrashAnimator.h"
+#include "effects/SoundSynthesis.h"
+#include "effects/WadArt.h"
+#include "linux/LinuxPorts.h"
+#include "model/SettingsKeys.h"
+#include "model/UserDefaults.h"
+#include "platform/Accessibility.h"
+#include "platform/Clock.h"
+#include "platform/DockPreferences.h"
+#include "platform/Scheduler.h"
+#include "platform/Screens.h"
+#include "platform/WindowServer.h"
+#include "platform/Workspace.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include <sys/resource.h>
+
+namespace tarnwick {
+namespace {
+
+using namespace std::chrono_literals;
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+constexpr double kFrame = 1000.0 / 60;
+constexpr int kRuns = 5;
+
+double quantile(std::vector<double> values, double part) {
+  if (values.empty()) return 0;
+  std::sort(values.begin(), values.end());
+  return values[std::min(values.size() - 1, static_cast<std::size_t>(part * static_cast<double>(values.size())))];
+}
+
+double median(const std::vector<double>& values) { return quantile(values, 0.5); }
+
+/// `floor` absent: there is nothing to measure against here.
+void report(const char* figure, double value, std::optional<double> floor, const char* of, double target) {
+  if (!floor || *floor <= 0) {
+    std::printf("%s %.3f ms ratio=- of=%s target=%.2f void\n", figure, value, of, target);
+    return;
+  }
+  const double ratio = value / *floor;
+  std::printf("%s %.3f ms ratio=%.2f of=%s target=%.2f %s\n", figure, value, ratio, of, target,
+              ratio <= target ? "ok" : "short");
+}
+
+double processorTime() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  const auto milliseconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) * 1000 + static_cast<double>(time.tv_usec) / 1000;
+  };
+  return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
+}
+
+class Stage final {
+ public:
+  explicit Stage(LinuxPorts& ports) : m_ports(ports) {}
+
+  [[nodiscard]] double now() const { return Milliseconds(m_ports.clock().mediaTime()).count(); }
+  void wait(std::chrono::milliseconds duration) {
+    QEventLoop loop;
+    const auto end = m_ports.scheduler().after(duration, [&] { loop.quit(); });
+    loop.exec();
+  }
+  double timed(const std::function<void()>& work) const {
+    const double start = now();
+    work();
+    return now() - start;
+  }
+
+ private:
+  LinuxPorts& m_ports;
+};
+
+/// The least that can move: one ready picture in a window as large as the screen, dirty rectangles only.
+class BarePicture final : public QWidget {
+ public:
+  explicit BarePicture(const QRect& geometry)
+      : QWidget(nullptr, Qt::FramelessWindowHint | Qt::BypassWindowManagerHint | Qt::WindowTransparentForInput) {
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setGeometry(geometry);
+    m_picture.fill(Qt::darkYellow);
+  }
+  void moveTo(QPoint place) {
+    update(QRect(m_place, m_picture.size()));
+    m_place = place;
+    update(QRect(m_place, m_picture.size()));
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override { QPainter(this).drawPixmap(m_place, m_picture); }
+
+ private:
+  QPixmap m_picture{82, 82};
+  QPoint m_place{100, 100};
+};
+
+/// Moments at which a window was painted.
+class PaintWatch final : public QObject {
+ public:
+  explicit PaintWatch(const Stage& stage) : m_stage(stage) {}
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() == QEvent::Paint && qobject_cast<CrushOverlayWindow*>(object)) moments.push_back(m_stage.now());
+    return false;
+  }
+  std::vector<double> moments;
+
+ private:
+  const Stage& m_stage;
+};
+
+void measurePainting(const Stage& stage, double scale, const char* figure, double target) {
+  const CrushScene scene{{1920, 1080}, {300, 500, 250, 200}, {1700, 10, 48, 48}, QColor(0xFF, 0xE1, 0x69)};
+  QImage picture(QSizeF(250 * scale, 200 * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+  picture.fill(Qt::yellow);
+  const CrushPainter flight(crushPlan(scene, 0), scene.stage, picture, scale);
+  QImage screen(QSizeF(1920 * scale, 1080 * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+  screen.setDevicePixelRatio(scale);
+  screen.fill(Qt::transparent);
+  std::vector<double> costs;
+  for (int run = 0; run < kRuns; ++run) {
+    auto last = frameAt(flight.plan(), 0);
+    for (double t = kFrame / 1000; t < flight.plan().geometry.finish(); t += kFrame / 1000) {
+      costs.push_back(stage.timed([&] {
+        auto next = frameAt(flight.plan(), t);
+        const auto moved = flight.movedRegion(last, next);
+        QPainter painter(&screen);
+        painter.setClipRegion(moved);
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.fillRect(moved.boundingRect(), Qt::transparent);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        flight.paint(painter, next, moved);
+        last = std::move(next);
+      }));
+    }
+  }
+  report(figure, quantile(costs, 0.95), kFrame, "frame", target);
+}
+
+void measureSounds(const Stage& stage) {
+  std::vector<double> costs;
+  for (int run = 0; run < kRuns; ++run) {
+    costs.push_back(stage.timed([] {
+      synthesis::UniformSource random;
+      for (auto* generate : {synthesis::crush, synthesis::stick, synthesis::tear}) {
+        if (synthesis::createWav(synthesis::kSampleRate, generate(random)).isEmpty()) std::abort();
+      }
+    }));
+  }
+  report("sound.synthesis", median(costs), kFrame, "frame", 0.5);
+}
+
+void measureBall(const Stage& stage) {
+  const double first = stage.timed([] { (void)WadArt::image(QColor(1, 2, 3), kBallEdge, 2); });
+  report("crush.ball-first", first, kFrame, "frame", 2.5);
+  std::vector<double> recoloured;
+  for (int i = 0; i < kRuns; ++i) {
+    recoloured.push_back(stage.timed([i] { (void)WadArt::image(QColor(10 * i, 20, 30), kBallEdge, 2); }));
+  }
+  report("crush.ball-recoloured", median(recoloured), first, "first-ball", 0.2);
+}
+
+void measureFlights(LinuxPorts& ports, Stage& stage) {
+  if (!ports.screens().isComposited() || ports.screens().all().empty()) {
+    for (const char* figure : {"crush.frame-p95", "crush.start", "crush.cpu"}) report(figure, 0, {}, "compositor", 1);
+    return;
+  }
+  const auto screen = ports.screens().all().front();
+  QTemporaryDir folder;
+  UserDefaults defaults(folder.filePath(QStringLiteral("defaults.json")), ports.clock());
+  (void)defaults.setText(keys::kCrushTarget,
+                         toText({screen.frame.maxX() - 100, screen.frame.minY() + 20, 48, 48}));
+  DockTrashLocator trash({ports.accessibility(), ports.dockPreferences(), ports.screens(), ports.workspace()}, defaults);
+  CrushToTrashAnimator animator({ports.screens(), ports.scheduler(), ports.clock(), ports.windowServer(), ports.haptics(),
+                                 ports.audio(), trash});
+  PaintWatch watch(stage);
+  qApp->installEventFilter(&watch);
+  std::vector<double> gaps;
+  std::vector<double> starts;
+  std::vector<double> costs;
+  for (int run = 0; run < kRuns; ++run) {
+    watch.moments.clear();
+    QEventLoop loop;
+    const double before = processorTime();
+    const double asked = stage.now();
+    animator.play({150, 300, 250, 200}, QColor(0xFF, 0xE1, 0x69), {}, Motion::Full, [&] { loop.quit(); });
+    loop.exec();
+    costs.push_back(processorTime() - before);
+    if (watch.moments.empty()) continue;
+    starts.push_back(watch.moments.front() - asked);
+    for (std::size_t i = 1; i < watch.moments.size(); ++i) gaps.push_back(watch.moments[i] - watch.moments[i - 1]);
+    stage.wait(100ms);
+  }
+  qApp->removeEventFilter(&watch);
+
+  std::vector<double> bareCosts;
+  for (int run = 0; run < kRuns; ++run) {
+    const double before = processorTime();
+    {
+      BarePicture bare(ports.screens().space().toQt(screen.frame).toAlignedRect());
+      bare.show();
+      int step = 0;
+      const auto frames = ports.scheduler().frames([&](auto) {
+        ++step;
+        bare.moveTo({100 + 6 * step, 100 + 3 * step});
+      });
+      stage.wait(1400ms);
+    }
+    bareCosts.push_back(processorTime() - before);
+    stage.wait(100ms);
+  }
+  report("crush.frame-p95", quantile(gaps, 0.95), kFrame, "frame", 1.25);
+  report("crush.start", median(starts), kFrame, "frame", 3);
+  report("crush.cpu", median(costs), median(bareCosts), "bare-picture", 3);
+}
+
+}  // namespace
+}  // namespace tarnwick
+
+int main(int argc, char** argv) {
+  using namespace tarnwick;
+  QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  LinuxPorts ports;
+  Stage stage(ports);
+  measurePainting(stage, 1, "crush.paint-p95", 0.25);
+  measurePainting(stage, 2, "crush.paint-2x-p95", 0.5);
+  measureBall(stage);
+  measureSounds(stage);
+  measureFlights(ports, stage);
+  return 0;
+}

@@ -44,8 +44,8 @@ void paintFlakes(QPainter& painter, double width, PaperRandom& random) {
     const QPointF second = at + QPointF(random.between(1, 4), -random.between(0, 2));
     const QPointF third = second + QPointF(random.between(.6, 2.6), random.between(0, 2));
     const double kind = random.next();
-    const QColor color = kind < .5 ? QColor(0x6A, 0x66, 0x61) : kind < .75 ? QColor(0x8D, 0x87, 0x81) : QColor(0x2B, 0x29, 0x27);
-    painter.setBrush(tokens::faded(color, random.between(.35, .85)));
+    const QRgb color = kind < .5 ? 0xFF6A6661 : kind < .75 ? 0xFF8D8781 : 0xFF2B2927;
+    painter.setBrush(tokens::faded(QColor(color), random.between(.35, .85)));
     painter.drawPolygon(QPolygonF{at, second, third});
   }
 }

@@ -87,11 +87,11 @@ void paintCork(QPainter& painter, const QRectF& all, PaperRandom& random) {
     const QPointF at(random.next() * all.width(), random.between(kRail - 6, all.height()));
     const double angle = random.next() * 180;
     const double kind = random.next();
-    const QColor color = kind < .42 ? QColor(0x3E, 0x24, 0x11) : kind < .78 ? QColor(0xC4, 0x92, 0x5C) : QColor(0xE0, 0xB7, 0x82);
+    const QRgb color = kind < .42 ? 0xFF3E2411 : kind < .78 ? 0xFFC4925C : 0xFFE0B782;
     painter.save();
     painter.translate(at);
     painter.rotate(angle);
-    painter.setBrush(tokens::faded(color, random.between(.12, .38)));
+    painter.setBrush(tokens::faded(QColor(color), random.between(.12, .38)));
     const double longAxis = random.between(.8, 3.4);
     painter.drawEllipse(QPointF(0, 0), longAxis, random.between(.5, 1.9));
     painter.restore();

@@ -2,6 +2,7 @@
 #include "effects/Controls.h"
 
 #include "effects/SoftShadow.h"
+#include "effects/Symbols.h"
 #include "effects/Tokens.h"
 
 #include <QLinearGradient>
@@ -38,6 +39,7 @@ void paintPaperLabel(QPainter& painter, const QRectF& rect, double radius, doubl
 }
 
 void styleMenu(QMenu& menu) {
+  Symbols::registerDrawings();
   menu.setWindowFlags(menu.windowFlags() | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
   menu.setAttribute(Qt::WA_TranslucentBackground);
   QFont face = tokens::font(tokens::Type::RowTitle);
@@ -46,10 +48,15 @@ void styleMenu(QMenu& menu) {
   menu.setStyleSheet(QStringLiteral(
       "QMenu { background: #22232A; color: #F4F1EA; border: 1px solid rgba(255, 255, 255, 33); border-radius: 12px;"
       " padding: 5px; }"
-      "QMenu::item { height: 28px; padding: 0 22px 0 10px; border-radius: 7px; background: transparent; }"
+      "QMenu::item { height: 28px; padding: 0 24px 0 10px; border-radius: 7px; background: transparent; }"
       "QMenu::item:selected { background: #FFE169; color: #383217; }"
       "QMenu::item:disabled { color: #8B8780; background: transparent; }"
       "QMenu::icon { padding-left: 8px; }"
+      "QMenu::indicator { width: 14px; height: 14px; padding-left: 8px; }"
+      "QMenu::indicator:checked { image: url(:/controls/check-light.svg); }"
+      "QMenu::indicator:checked:selected { image: url(:/controls/check-dark.svg); }"
+      "QMenu::right-arrow { width: 12px; height: 12px; padding-right: 8px; image: url(:/controls/arrow-light.svg); }"
+      "QMenu::right-arrow:selected { image: url(:/controls/arrow-dark.svg); }"
       "QMenu::separator { height: 1px; background: rgba(255, 255, 255, 31); margin: 4px 8px; }"));
 }
 

@@ -20,8 +20,8 @@ namespace {
 
 enum class Run { Across, Down };
 
-// A hair line whose middle lies at `at`. On an upright painter it takes whole device pixels and keeps its weight through
-// its opacity, so that every rule of a note looks the same.
+// A hair line whose middle lies at `at`. On an upright painter it takes whole device pixels and keeps its weight
+// through its opacity, so that every rule of a note looks the same.
 void paintRule(QPainter& painter, Run run, double at, double length, double width, QColor color) {
   const QTransform& transform = painter.deviceTransform();
   if (transform.type() > QTransform::TxScale) {

@@ -126,7 +126,8 @@ void PrimaryButton::paintEvent(QPaintEvent*) {
   }
   painter.setPen(ink);
   painter.setFont(font());
-  painter.drawText(QRectF(x, shift, words + 2, height()), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, text());
+  painter.drawText(QRectF(x, shift, words + 2, height()),
+                   Qt::AlignVCenter | Qt::AlignLeft | Qt::AlignAbsolute | Qt::TextSingleLine, text());
 }
 
 }  // namespace tarnwick

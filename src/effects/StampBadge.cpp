@@ -58,7 +58,8 @@ void StampBadgeView::paint(QPainter& painter, TaskStamp stamp, const QPointF& ce
   painter.translate(center);
   painter.rotate(angle);
   paintBoxShadow(painter, box, kRadius, kRadius, .5, .6, .22);
-  const QColor paper = ground == StampGround::Menu ? QColor(0xFF, 0xF3, 0xDA) : tokens::faded(QColor(0xFF, 0xF8, 0xE7), .84);
+  const QColor paper =
+      ground == StampGround::Menu ? QColor(0xFF, 0xF3, 0xDA) : tokens::faded(QColor(0xFF, 0xF8, 0xE7), .84);
   painter.setPen(Qt::NoPen);
   painter.setBrush(paper);
   painter.drawRoundedRect(box, kRadius, kRadius);

@@ -26,11 +26,7 @@ PixmapCache& cache() {
 }
 
 QByteArray fileContent(const QString& path) {
-  static const bool ready = [] {
-    initSymbolResources();
-    return true;
-  }();
-  Q_UNUSED(ready);
+  Symbols::registerDrawings();
   QFile file(path);
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
@@ -57,31 +53,38 @@ QPixmap rendered(const QByteArray& svg, int pixels) {
   return pixmap;
 }
 
-// Shapes overlap within a symbol: they are drawn opaque, and the whole is thinned to the colour's opacity.
 QPixmap inked(QByteArray svg, const QByteArray& placeholder, int pixels, const QColor& color) {
-  const QByteArray name = color.name(QColor::HexRgb).toLatin1();
-  QPixmap opaque = rendered(svg.replace(placeholder, name), pixels);
-  if (color.alpha() == 255) {
-    return opaque;
-  }
-  QPixmap thinned(opaque.size());
-  thinned.fill(Qt::transparent);
-  QPainter painter(&thinned);
-  painter.setOpacity(static_cast<double>(color.alphaF()));
-  painter.drawPixmap(0, 0, opaque);
-  return thinned;
+  return rendered(svg.replace(placeholder, color.name(QColor::HexRgb).toLatin1()), pixels);
 }
 
+// Opaque: shapes overlap within a symbol, so it is thinned as a whole where it is drawn.
 QPixmap symbolAt(const QString& name, int pixels, const QColor& color) {
   const QByteArray& svg = drawing(name);
-  if (svg.isEmpty() || pixels <= 0 || color.alpha() == 0) {
+  if (svg.isEmpty() || pixels <= 0) {
     return {};
   }
-  const QString key = QStringLiteral("%1 %2 %3").arg(name).arg(pixels).arg(color.rgba());
+  const QString key = QStringLiteral("%1 %2 %3").arg(name).arg(pixels).arg(color.rgb());
   return cache().fetch(key, [&] { return inked(svg, QByteArrayLiteral("currentColor"), pixels, color); });
 }
 
+QPixmap thinned(const QPixmap& opaque, double opacity) {
+  QPixmap result(opaque.size());
+  result.fill(Qt::transparent);
+  QPainter painter(&result);
+  painter.setOpacity(opacity);
+  painter.drawPixmap(0, 0, opaque);
+  return result;
+}
+
 }  // namespace
+
+void Symbols::registerDrawings() {
+  static const bool isDone = [] {
+    initSymbolResources();
+    return true;
+  }();
+  Q_UNUSED(isDone);
+}
 
 void Symbols::paint(QPainter& painter, const QString& name, const QRectF& box, const QColor& color) {
   const QTransform& transform = painter.deviceTransform();
@@ -102,6 +105,7 @@ void Symbols::paint(QPainter& painter, const QString& name, const QRectF& box, c
     target.moveTopLeft(transform.inverted().map(snapped));
   }
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.setOpacity(painter.opacity() * static_cast<double>(color.alphaF()));
   painter.drawPixmap(target, pixmap, QRectF(pixmap.rect()));
   painter.restore();
 }
@@ -109,6 +113,7 @@ void Symbols::paint(QPainter& painter, const QString& name, const QRectF& box, c
 QPixmap Symbols::pixmap(const QString& name, double size, const QColor& color, double scale) {
   QPixmap result = symbolAt(name, static_cast<int>(std::lround(size * scale)), color);
   if (!result.isNull()) {
+    result = color.alpha() == 255 ? result : thinned(result, static_cast<double>(color.alphaF()));
     result.setDevicePixelRatio(scale);
   }
   return result;

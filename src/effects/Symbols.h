@@ -14,6 +14,8 @@ namespace tarnwick {
 
 class Symbols {
  public:
+  /// Makes the drawings known as resources (:/symbols, :/icons, :/controls); whatever draws here does so by itself.
+  static void registerDrawings();
   /// `name`: a file of art/symbols without its suffix. Nothing is drawn for an unknown one.
   static void paint(QPainter& painter, const QString& name, const QRectF& box, const QColor& color);
   [[nodiscard]] static QPixmap pixmap(const QString& name, double size, const QColor& color, double scale);

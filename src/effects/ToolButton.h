@@ -10,7 +10,8 @@ class ToolButton final : public PaintedButton {
   Q_OBJECT
  public:
   enum class Plate { None, Chip };
-  ToolButton(const QString& symbol, const QString& accessibleName, Plate plate = Plate::None, QWidget* parent = nullptr);
+  ToolButton(const QString& symbol, const QString& accessibleName, Plate plate = Plate::None,
+             QWidget* parent = nullptr);
   void setSymbol(const QString& symbol);
   [[nodiscard]] QSize sizeHint() const override;
 

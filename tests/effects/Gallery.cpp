@@ -114,19 +114,20 @@ void drawCard(QPainter& painter, const QPointF& at, const Note& note, quint32 se
 
 void cards(const Sheet& sheet) {
   const QString text = QStringLiteral("Return the drill to Ola next door");
+  const auto hex = [](int paper) { return kPaperPalette[static_cast<size_t>(paper)]; };
   const QList<Note> notes{
-      {text, QStringLiteral("#06D6A0"), PaperTheme::plain, -1.2, PaperLift::Rest, PaperEdge::Clean, TaskStamp::none},
-      {text, QStringLiteral("#06D6A0"), PaperTheme::plain, 0, PaperLift::Raised, PaperEdge::Clean, TaskStamp::none},
-      {text, QStringLiteral("#FFE169"), PaperTheme::plain, 0, PaperLift::Raised, PaperEdge::Clean, TaskStamp::star},
-      {text, QStringLiteral("#FFA647"), PaperTheme::plain, .8, PaperLift::Rest, PaperEdge::Smoldering, TaskStamp::none},
-      {text, QStringLiteral("#C77DFF"), PaperTheme::plain, -.4, PaperLift::Rest, PaperEdge::Clean, TaskStamp::approved},
-      {text, QStringLiteral("#4CC9F0"), PaperTheme::graph, .4, PaperLift::Rest, PaperEdge::Clean, TaskStamp::priority},
-      {text, QStringLiteral("#FF7597"), PaperTheme::plain, .8, PaperLift::Rest, PaperEdge::Smoldering, TaskStamp::urgent},
-      {text, QStringLiteral("#FFE169"), PaperTheme::construction, -.4, PaperLift::Rest, PaperEdge::Clean, TaskStamp::none},
-      {text, QStringLiteral("#C77DFF"), PaperTheme::lined, .4, PaperLift::Rest, PaperEdge::Clean, TaskStamp::focus},
-      {text, QStringLiteral("#3A86FF"), PaperTheme::parchment, -.8, PaperLift::Rest, PaperEdge::Clean, TaskStamp::idea},
-      {text, QStringLiteral("#06D6A0"), PaperTheme::construction, 1.2, PaperLift::Rest, PaperEdge::Clean, TaskStamp::none},
-      {text, QStringLiteral("#FFA647"), PaperTheme::parchment, -1.6, PaperLift::Rest, PaperEdge::Clean, TaskStamp::none}};
+      {text, hex(3), PaperTheme::plain, -1.2, PaperLift::Rest, PaperEdge::Clean, TaskStamp::none},
+      {text, hex(3), PaperTheme::plain, 0, PaperLift::Raised, PaperEdge::Clean, TaskStamp::none},
+      {text, hex(0), PaperTheme::plain, 0, PaperLift::Raised, PaperEdge::Clean, TaskStamp::star},
+      {text, hex(2), PaperTheme::plain, .8, PaperLift::Rest, PaperEdge::Smoldering, TaskStamp::none},
+      {text, hex(6), PaperTheme::plain, -.4, PaperLift::Rest, PaperEdge::Clean, TaskStamp::approved},
+      {text, hex(4), PaperTheme::graph, .4, PaperLift::Rest, PaperEdge::Clean, TaskStamp::priority},
+      {text, hex(1), PaperTheme::plain, .8, PaperLift::Rest, PaperEdge::Smoldering, TaskStamp::urgent},
+      {text, hex(0), PaperTheme::construction, -.4, PaperLift::Rest, PaperEdge::Clean, TaskStamp::none},
+      {text, hex(6), PaperTheme::lined, .4, PaperLift::Rest, PaperEdge::Clean, TaskStamp::focus},
+      {text, hex(5), PaperTheme::parchment, -.8, PaperLift::Rest, PaperEdge::Clean, TaskStamp::idea},
+      {text, hex(3), PaperTheme::construction, 1.2, PaperLift::Rest, PaperEdge::Clean, TaskStamp::none},
+      {text, hex(2), PaperTheme::parchment, -1.6, PaperLift::Rest, PaperEdge::Clean, TaskStamp::none}};
   QPixmap page = sheet.start(QSize(872, 480));
   QPainter painter(&page);
   for (int i = 0; i < notes.size(); ++i) {
@@ -145,11 +146,11 @@ void moods(const Sheet& sheet) {
   for (const BoardMood mood : kBoardMoods) {
     const QPointF at(30 + 422 * (i % 2), 30 + 422 * (i / 2));
     painter.drawPixmap(at, BoardSurfaceView::pixmap(mood, GlassVariant::soft, QSize(390, 390), sheet.scale));
-    drawCard(painter, at + QPointF(14, 84), {QStringLiteral("Book the ferry back from the island for Sunday"),
-                                             kPaperPalette[static_cast<size_t>(i)], PaperTheme::plain, -.8},
-             static_cast<quint32>(i), sheet.scale);
-    drawCard(painter, at + QPointF(201, 84), {QStringLiteral("Rinse the jars"), QStringLiteral("#4CC9F0"),
-                                              PaperTheme::graph, 1.2}, static_cast<quint32>(i), sheet.scale);
+    const Note ferry{QStringLiteral("Book the ferry back from the island for Sunday"),
+                     kPaperPalette[static_cast<size_t>(i)], PaperTheme::plain, -.8};
+    const Note jars{QStringLiteral("Rinse the jars"), QStringLiteral("#4CC9F0"), PaperTheme::graph, 1.2};
+    drawCard(painter, at + QPointF(14, 84), ferry, static_cast<quint32>(i), sheet.scale);
+    drawCard(painter, at + QPointF(201, 84), jars, static_cast<quint32>(i), sheet.scale);
     painter.fillRect(QRectF(at + QPointF(14, 220), QSizeF(362, 60)), BoardSurfaceView::plate(mood));
     painter.setClipRect(QRectF(at, QSizeF(390, 390)));
     painter.drawPixmap(at + QPointF(0, 390 - AshLedge::kHeight - AshLedge::kRise), AshLedge::pixmap(390, sheet.scale));
@@ -251,9 +252,9 @@ void hover(QWidget& control) {
 }
 
 void controls(const Sheet& sheet) {
-  QPixmap page = sheet.start(QSize(900, 440));
+  QPixmap page = sheet.start(QSize(900, 560));
   QPainter painter(&page);
-  painter.fillRect(QRect(0, 0, 900, 440), QColor(0x1B, 0x1C, 0x21));
+  painter.fillRect(QRect(0, 0, 900, 560), QColor(0x1B, 0x1C, 0x21));
   double x = 10;
   double y = 8;
   const auto place = [&](const QPixmap& shot) {
@@ -303,8 +304,7 @@ void controls(const Sheet& sheet) {
     return chip;
   });
   states([] { return new SwitchButton(QStringLiteral("Paper sounds")); });
-  KeyCaps caps({QStringLiteral("⌘"), QStringLiteral("⇧"), QStringLiteral("T"), QStringLiteral("⌫"), QStringLiteral("←"),
-                QStringLiteral("↵"), QStringLiteral("Ctrl")});
+  KeyCaps caps(QStringLiteral("⌘ ⇧ T ⌫ ← ↵ Ctrl").split(QLatin1Char(' ')));
   place(posed(caps, sheet, [] {}));
   PrimaryButton plus(QString(), QStringLiteral("plus"));
   place(posed(plus, sheet, [] {}));
@@ -314,13 +314,27 @@ void controls(const Sheet& sheet) {
   menu.addSeparator();
   menu.addAction(QIcon(Symbols::pixmap(QStringLiteral("gear"), 16, QColor(tokens::kText2), sheet.scale)),
                  QStringLiteral("Settings"));
-  menu.setActiveAction(menu.actions().constLast());
-  menu.resize(menu.sizeHint());
-  QPixmap shot(menu.size() * sheet.scale);
-  shot.setDevicePixelRatio(sheet.scale);
-  shot.fill(Qt::transparent);
-  menu.render(&shot, QPoint(), QRegion(), QWidget::DrawChildren);
-  painter.drawPixmap(QPointF(700, 340), shot);
+  menu.addAction(QStringLiteral("Search"), QKeySequence(Qt::CTRL | Qt::Key_F), &menu, [] {});
+  menu.addMenu(QStringLiteral("Boards"));
+  const auto shoot = [&](QMenu& shown, QAction* active, const QPointF& at) {
+    shown.setActiveAction(active);
+    shown.resize(shown.sizeHint());
+    QPixmap shot(shown.size() * sheet.scale);
+    shot.setDevicePixelRatio(sheet.scale);
+    shot.fill(Qt::transparent);
+    shown.render(&shot, QPoint(), QRegion(), QWidget::DrawChildren);
+    painter.drawPixmap(at, shot);
+  };
+  shoot(menu, menu.actions().constLast(), QPointF(420, 330));
+  QMenu choices;
+  styleMenu(choices);
+  for (const TaskStamp stamp : kTaskStamps) {
+    QAction* choice = choices.addAction(label(stamp));
+    choice->setCheckable(true);
+    choice->setChecked(stamp == TaskStamp::focus || stamp == TaskStamp::star);
+  }
+  choices.actions().at(1)->setEnabled(false);
+  shoot(choices, choices.actions().at(4), QPointF(700, 330));
   painter.end();
   sheet.save(page, QStringLiteral("controls"));
 }
@@ -337,7 +351,8 @@ void symbols(const Sheet& sheet) {
   double x = 20;
   for (const int side : {16, 18, 22, 24, 32, 48, 128}) {
     painter.drawPixmap(QPointF(x, 250), program.pixmap(QSize(side, side), sheet.scale));
-    painter.drawPixmap(QPointF(x, 390), Symbols::trayIcon().pixmap(QSize(std::min(side, 48), std::min(side, 48)), sheet.scale));
+    const int glyph = std::min(side, 48);
+    painter.drawPixmap(QPointF(x, 390), Symbols::trayIcon().pixmap(QSize(glyph, glyph), sheet.scale));
     x += side + 16;
   }
   int i = 0;

@@ -14,7 +14,8 @@
 
 namespace tarnwick {
 
-inline QImage painted(const QSize& size, double scale, const QColor& ground, const std::function<void(QPainter&)>& draw) {
+inline QImage painted(const QSize& size, double scale, const QColor& ground,
+                      const std::function<void(QPainter&)>& draw) {
   QImage image((QSizeF(size) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
   image.setDevicePixelRatio(scale);
   image.fill(ground);

@@ -67,7 +67,9 @@ INSTANTIATE_TEST_SUITE_P(OfTheBoard, Moods, testing::ValuesIn(kBoardMoods),
                          [](const auto& mood) { return rawValue(mood.param).toStdString(); });
 
 TEST(Glass, LetsLessThroughTheDenserItIs) {
-  const auto opacity = [](GlassVariant variant) { return qAlpha(surface(BoardMood::acrylic, variant).pixel(195, 300)); };
+  const auto opacity = [](GlassVariant variant) {
+    return qAlpha(surface(BoardMood::acrylic, variant).pixel(195, 300));
+  };
   EXPECT_LT(opacity(GlassVariant::clear), opacity(GlassVariant::soft));
   EXPECT_LT(opacity(GlassVariant::soft), opacity(GlassVariant::dense));
 }

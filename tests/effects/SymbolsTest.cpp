@@ -74,6 +74,9 @@ TEST(TranslucentSymbols, AreEvenWhereTheirStrokesCross) {
     }
   }
   EXPECT_NEAR(strongest, 100, 1);
+  const QImage kept = Symbols::pixmap(QStringLiteral("plus"), 32, color, 1).toImage();
+  EXPECT_NEAR(qAlpha(kept.pixel(16, 16)), 100, 1);
+  EXPECT_EQ(qAlpha(Symbols::pixmap(QStringLiteral("plus"), 32, Qt::black, 1).toImage().pixel(16, 16)), 255);
 }
 
 TEST(SymbolPixmaps, HaveTheDevicesPixels) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/store/ModelContainer.h"
 
-#include "Notes.h"
+#include "support/Notes.h"
 
 #include <QDir>
 #include <QFileInfo>

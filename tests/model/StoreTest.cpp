@@ -2,7 +2,7 @@
 #include "model/store/ModelContainer.h"
 #include "model/store/ModelContext.h"
 
-#include "Notes.h"
+#include "support/Notes.h"
 
 #include <QFileInfo>
 #include <QSignalSpy>
@@ -64,6 +64,7 @@ TEST(Store, keepsTextsThatNoKeyboardTypes) {
       {"NULs", u"a"_s + QChar(0) + u"b"_s + QChar(0), u"a"_s + QChar(0) + u"b"_s + QChar(0)},
       {"a lone surrogate", u"x"_s + QChar(0xD83D) + u"y"_s, u"x?y"_s},
       {"a million characters", QString(1'000'000, u'ß'), QString(1'000'000, u'ß')},
+      {"byte order marks", u"\uFEFF\uFEFFx"_s, u"\uFEFF\uFEFFx"_s},
       {"quotes", u"'); DROP TABLE Task; --\""_s, u"'); DROP TABLE Task; --\""_s},
   };
   for (const auto& row : rows) {

@@ -12,15 +12,24 @@
 
 namespace tarnwick {
 
+/// Unlike Qt's own conversion it keeps a byte order mark that stands first: here it is part of a text.
+[[nodiscard]] inline QString textOfUtf8(QByteArrayView utf8) {
+  constexpr QByteArrayView kByteOrderMark("\xEF\xBB\xBF");
+  qsizetype marks = 0;
+  while (utf8.sliced(marks * kByteOrderMark.size()).startsWith(kByteOrderMark)) ++marks;
+  auto text = QString::fromUtf8(utf8.sliced(marks * kByteOrderMark.size()));
+  return marks == 0 ? text : QString(marks, QChar::ByteOrderMark) + text;
+}
+
 /// Keeps one copy of each text that many rows share.
 class TextPool final {
  public:
   [[nodiscard]] QString text(QByteArrayView utf8) {
-    if (utf8.size() > kLongest) return QString::fromUtf8(utf8);
+    if (utf8.size() > kLongest) return textOfUtf8(utf8);
     const auto key = QByteArray::fromRawData(utf8.data(), utf8.size());
     const auto found = m_texts.constFind(key);
     if (found != m_texts.constEnd()) return *found;
-    auto text = QString::fromUtf8(utf8);
+    auto text = textOfUtf8(utf8);
     if (m_texts.size() < kMost) m_texts.insert(utf8.toByteArray(), text);
     return text;
   }
@@ -119,7 +128,7 @@ inline void readValue(const SqliteStatement& statement, int column, QUuid& value
   value = QUuid::fromString(QLatin1StringView(bytes.data(), bytes.size()));
 }
 inline void readValue(const SqliteStatement& statement, int column, QString& value) {
-  value = QString::fromUtf8(statement.bytes(column));
+  value = textOfUtf8(statement.bytes(column));
 }
 inline void readValue(const SqliteStatement& statement, int column, bool& value) {
   value = statement.integer(column) != 0;

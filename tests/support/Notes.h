@@ -18,6 +18,13 @@ inline void PrintTo(const QString& text, std::ostream* stream) { *stream << '"' 
 inline void PrintTo(const QDateTime& moment, std::ostream* stream) {
   *stream << moment.toString(Qt::ISODateWithMs).toStdString();
 }
+inline void PrintTo(const TaskRecord& record, std::ostream* stream) {
+  PrintTo(record.text.left(60), stream);
+  *stream << ' ' << idText(record.id).toStdString() << " made ";
+  PrintTo(record.createdAt, stream);
+  *stream << " due ";
+  PrintTo(record.dueDate.value_or(QDateTime()), stream);
+}
 inline void PrintTo(ErrorKind kind, std::ostream* stream) { *stream << "ErrorKind(" << static_cast<int>(kind) << ")"; }
 
 }  // namespace tarnwick

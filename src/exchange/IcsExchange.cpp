@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: MIT
+#include "exchange/IcsExchange.h"
+
+#include "exchange/ForeignNote.h"
+#include "exchange/IcsText.h"
+#include "exchange/JsonRecord.h"
+
+#include <QCoreApplication>
+#include <QJsonDocument>
+#include <QTimeZone>
+
+#include <algorithm>
+#include <array>
+
+namespace tarnwick {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QLatin1StringView kFacts("X-TARNWICK-NOTE");
+constexpr std::array kDayNames{"MO", "TU", "WE", "TH", "FR", "SA", "SU"};
+
+QString translated(const char* text) { return QCoreApplication::translate("Exchange", text); }
+
+/// Nothing where four digits do not hold the year.
+std::optional<QString> utcText(const QDateTime& moment) {
+  const auto utc = moment.toUTC();
+  if (utc.date().year() < 1 || utc.date().year() > 9999) return std::nullopt;
+  return utc.toString(u"yyyyMMdd'T'HHmmss'Z'"_s);
+}
+
+QDateTime wholeSeconds(const QDateTime& moment) { return moment.addMSecs(-moment.time().msec()); }
+
+QString workingDays(const Calendar& calendar) {
+  QStringList days;
+  for (const auto day : calendar.locale().weekdays()) days.append(QLatin1StringView(kDayNames.at(day - 1U)));
+  return days.join(u',');
+}
+
+QString repeatRule(Recurrence recurrence, const Calendar& calendar) {
+  switch (recurrence) {
+    case Recurrence::none: return {};
+    case Recurrence::daily: return u"FREQ=DAILY"_s;
+    case Recurrence::weekdays: return u"FREQ=WEEKLY;BYDAY="_s + workingDays(calendar);
+    case Recurrence::weekly: return u"FREQ=WEEKLY"_s;
+    case Recurrence::every3Days: return u"FREQ=DAILY;INTERVAL=3"_s;
+    case Recurrence::monthly: return u"FREQ=MONTHLY"_s;
+  }
+  return {};
+}
+
+/// Rules that no note can have count as none.
+Recurrence recurrenceOf(const QString& rule, const Calendar& calendar) {
+  QStringList parts;
+  for (const auto& part : rule.toUpper().split(u';', Qt::SkipEmptyParts)) {
+    // The day that the rule starts on says the same again, and the start of the week changes nothing here.
+    if (part != "INTERVAL=1"_L1 && !part.startsWith("WKST="_L1)) parts.append(part);
+  }
+  const auto plain = parts.join(u';');
+  for (const auto recurrence : kRecurrences) {
+    if (!plain.isEmpty() && plain == repeatRule(recurrence, calendar)) return recurrence;
+  }
+  if (plain == "FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,FR"_L1) return Recurrence::weekdays;
+  return Recurrence::none;
+}
+
+/// The text survives as a value of the format when it is made of characters that the format allows.
+bool isPlain(const QString& text) {
+  return std::none_of(text.begin(), text.end(),
+                      [](QChar c) {
+                        return (c.unicode() < 0x20 && c != u'\n' && c != u'\t') || c.unicode() == 0x7F;
+                      }) &&
+         QString::fromUtf8(text.toUtf8()) == text;
+}
+
+/// A due date at midnight is a day, as everywhere.
+void appendDue(QByteArray& result, const QDateTime& due, Recurrence recurrence, const Calendar& calendar) {
+  const auto wall = calendar.local(due);
+  const bool isDay = due == calendar.startOfDay(due);
+  const auto value = isDay && utcText(wall) ? std::optional(wall.toString(u"yyyyMMdd"_s)) : utcText(due);
+  if (!value) return;
+  const auto kind = isDay ? u";VALUE=DATE"_s : QString();
+  // A rule counts from the start, so a repeating to-do has one.
+  if (recurrence != Recurrence::none) result += ics::line(u"DTSTART"_s + kind, *value);
+  result += ics::line(u"DUE"_s + kind, *value);
+}
+
+QByteArray todo(const TaskRecord& record, const Calendar& calendar) {
+  const Task task(record);
+  QByteArray result = "BEGIN:VTODO\r\n";
+  result += ics::line(u"UID"_s, idText(record.id));
+  const auto created = utcText(record.createdAt).value_or(u"19700101T000000Z"_s);
+  result += ics::line(u"DTSTAMP"_s, created);
+  result += ics::line(u"CREATED"_s, created);
+  auto title = record.text.trimmed().section(u'\n', 0, 0).trimmed();
+  if (!isPlain(title)) title = title.simplified();
+  result += ics::line(u"SUMMARY"_s, ics::escaped(title));
+  result += ics::line(u"DESCRIPTION"_s, ics::escaped(record.text));
+  if (record.dueDate) appendDue(result, *record.dueDate, task.recurrence(), calendar);
+  if (record.dueDate && task.recurrence() != Recurrence::none)
+    result += ics::line(u"RRULE"_s, repeatRule(task.recurrence(), calendar));
+  result += ics::line(u"STATUS"_s, record.isCompleted ? u"COMPLETED"_s
+                                   : task.isBurned()  ? u"CANCELLED"_s
+                                                      : u"NEEDS-ACTION"_s);
+  if (const auto moment = record.completedAt ? utcText(*record.completedAt) : std::nullopt; moment && record.isCompleted)
+    result += ics::line(u"COMPLETED"_s, *moment);
+  result += ics::line(u"CATEGORIES"_s, ics::escaped(task.board()));
+  if (task.isPrivate()) result += ics::line(u"CLASS"_s, u"PRIVATE"_s);
+  const auto facts = isPlain(record.text) ? json::object(kTaskColumns, record, calendar, {"id"_L1, "text"_L1})
+                                          : json::object(kTaskColumns, record, calendar, {"id"_L1});
+  result += ics::line(kFacts, ics::escaped(facts));
+  return result + "END:VTODO\r\n";
+}
+
+std::optional<QDateTime> momentOf(const ics::Property& property, const Calendar& calendar) {
+  const auto text = property.value.trimmed();
+  if (text.size() == 8) {
+    const auto day = calendar.startOfDay(QDate::fromString(text, u"yyyyMMdd"_s));
+    return day.isValid() ? std::optional(day) : std::nullopt;
+  }
+  const auto day = QDate::fromString(text.left(8), u"yyyyMMdd"_s);
+  const auto time = QTime::fromString(text.mid(8, 7), u"'T'HHmmss"_s);
+  if (!day.isValid() || !time.isValid()) return std::nullopt;
+  if (text.endsWith(u'Z')) return QDateTime(day, time, Qt::UTC);
+  const QTimeZone zone(property.parameters.value(u"TZID"_s).toUtf8());
+  const auto moment = (zone.isValid() ? Calendar(zone, calendar.locale()) : calendar).at(day, time);
+  return moment.isValid() ? std::optional(moment) : std::nullopt;
+}
+
+/// One to-do, taken apart.
+class Todo {
+ public:
+  void add(const ics::Property& property) { m_properties.insert(property.name, property); }
+
+  [[nodiscard]] Result<std::optional<TaskRecord>> record(const Calendar& calendar, const QDateTime& now) const {
+    return m_properties.contains(kFacts) ? ours(calendar, now) : foreign(calendar, now);
+  }
+
+ private:
+  [[nodiscard]] QString text(const QString& name) const { return ics::unescaped(m_properties.value(name).value); }
+  [[nodiscard]] std::optional<QDateTime> moment(const QString& name, const Calendar& calendar) const {
+    const auto found = m_properties.constFind(name);
+    return found == m_properties.constEnd() ? std::nullopt : momentOf(*found, calendar);
+  }
+  [[nodiscard]] bool isCompleted() const {
+    return text(u"STATUS"_s).toUpper() == "COMPLETED"_L1 ||
+           (!m_properties.contains(u"STATUS"_s) && m_properties.contains(u"COMPLETED"_s));
+  }
+
+  [[nodiscard]] Result<std::optional<TaskRecord>> ours(const Calendar& calendar, const QDateTime& now) const {
+    TaskRecord record;
+    record.createdAt = now;
+    record.text = text(u"DESCRIPTION"_s);
+    const auto facts = QJsonDocument::fromJson(text(kFacts).toUtf8());
+    if (!facts.isObject()) return Error{ErrorKind::Damaged, translated("“%1” cannot be read").arg(kFacts)};
+    if (const auto read = json::readObject(facts.object(), kTaskColumns, calendar, json::Fields::Some, record); !read)
+      return read.error();
+    record.id = QUuid::fromString(text(u"UID"_s).trimmed());
+    if (record.id.isNull()) return Error{ErrorKind::Damaged, translated("“%1” is missing").arg(u"UID"_s)};
+    // Where another program has changed what it knows of, that holds. The format counts whole seconds.
+    const auto due = moment(u"DUE"_s, calendar);
+    if (due && (!record.dueDate || wholeSeconds(*record.dueDate) != *due)) record.dueDate = due;
+    if (isCompleted() != record.isCompleted) {
+      record.isCompleted = isCompleted();
+      record.completedAt = record.isCompleted ? moment(u"COMPLETED"_s, calendar).value_or(now)
+                                              : std::optional<QDateTime>();
+    }
+    return std::optional(record);
+  }
+
+  [[nodiscard]] Result<std::optional<TaskRecord>> foreign(const Calendar& calendar, const QDateTime& now) const {
+    auto words = text(u"SUMMARY"_s).trimmed();
+    const auto more = text(u"DESCRIPTION"_s).trimmed();
+    if (!more.isEmpty() && more != words) words = words.isEmpty() ? more : words + u'\n' + more;
+    if (words.isEmpty()) return std::optional<TaskRecord>();
+    const auto uid = text(u"UID"_s).trimmed();
+    auto record = foreignNote(uid.isEmpty() ? words : uid, words, moment(u"CREATED"_s, calendar).value_or(now));
+    if (const auto id = QUuid::fromString(uid); !id.isNull()) record.id = id;
+    record.dueDate = moment(u"DUE"_s, calendar);
+    if (record.dueDate) record.recurrenceRaw = rawValue(recurrenceOf(text(u"RRULE"_s), calendar));
+    record.isCompleted = isCompleted();
+    if (record.isCompleted) record.completedAt = moment(u"COMPLETED"_s, calendar).value_or(now);
+    if (const auto visibility = text(u"CLASS"_s).toUpper(); !visibility.isEmpty() && visibility != "PUBLIC"_L1)
+      record.isPrivate = true;
+    return std::optional(record);
+  }
+
+  QHash<QString, ics::Property> m_properties;
+};
+
+}  // namespace
+
+QByteArray IcsExchange::write(const std::vector<TaskRecord>& tasks, const Calendar& calendar) {
+  QByteArray result = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\n";
+  result += ics::line(u"PRODID"_s, u"-//Tarnwick//Tarnwick %1//EN"_s.arg(QStringLiteral(TARNWICK_VERSION)));
+  for (const auto& task : tasks) result += todo(task, calendar);
+  return result + "END:VCALENDAR\r\n";
+}
+
+Result<std::vector<TaskRecord>> IcsExchange::read(const QByteArray& bytes, const Calendar& calendar,
+                                                  const QDateTime& now) {
+  std::vector<TaskRecord> tasks;
+  QStringList open;  // components, outermost first
+  std::optional<Todo> current;
+  int number = 0;
+  for (const auto& property : ics::properties(bytes)) {
+    if (property.name == "BEGIN"_L1) {
+      open.append(property.value.trimmed().toUpper());
+      if (open.last() == "VTODO"_L1) current.emplace();
+    } else if (property.name == "END"_L1) {
+      const auto name = property.value.trimmed().toUpper();
+      if (open.isEmpty() || open.takeLast() != name)
+        return Error{ErrorKind::Damaged, translated("“END:%1” has no beginning").arg(name)};
+      if (name != "VTODO"_L1 || !current) continue;
+      ++number;
+      auto read = current->record(calendar, now);
+      current.reset();
+      if (!read)
+        return Error{ErrorKind::Damaged, translated("to-do %1: %2").arg(number).arg(read.error().text)};
+      if (read.value()) tasks.push_back(*read.take());
+    } else if (current && !open.isEmpty() && open.last() == "VTODO"_L1) {
+      current->add(property);
+    }
+  }
+  if (!open.isEmpty()) return Error{ErrorKind::Damaged, translated("the file ends inside “%1”").arg(open.last())};
+  return tasks;
+}
+
+}  // namespace tarnwick

@@ -12,12 +12,15 @@
 
 #include <ostream>
 
-namespace tarnwick {
-
+QT_BEGIN_NAMESPACE
 inline void PrintTo(const QString& text, std::ostream* stream) { *stream << '"' << text.toStdString() << '"'; }
 inline void PrintTo(const QDateTime& moment, std::ostream* stream) {
   *stream << moment.toString(Qt::ISODateWithMs).toStdString();
 }
+QT_END_NAMESPACE
+
+namespace tarnwick {
+
 inline void PrintTo(const TaskRecord& record, std::ostream* stream) {
   PrintTo(record.text.left(60), stream);
   *stream << ' ' << idText(record.id).toStdString() << " made ";

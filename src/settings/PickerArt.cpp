@@ -6,7 +6,6 @@
 #include "model/Color.h"
 
 #include <QLinearGradient>
-#include <QPaintDevice>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -61,11 +60,15 @@ void paintThemeSwatch(QPainter& painter, const QRectF& box, PaperTheme theme) {
       break;
   }
   painter.restore();
+  // Seen on the accent of a chosen menu line too.
+  painter.setPen(QPen(tokens::black(.40), 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(box.adjusted(.5, .5, -.5, -.5), kRadius - .5, kRadius - .5);
 }
 
 void paintCrushPicture(QPainter& painter, const QRectF& box) {
   constexpr double kBall = 20;
-  const auto ball = WadArt::image(QColor(tokens::kAccent), kBall, painter.device()->devicePixelRatioF());
+  const auto ball = WadArt::image(QColor(tokens::kAccent), kBall, painter.deviceTransform().m11());
   painter.drawImage(QRectF(box.center() - QPointF(kBall, kBall) / 2, QSizeF(kBall, kBall)), ball);
 }
 

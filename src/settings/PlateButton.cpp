@@ -80,7 +80,7 @@ void PlateButton::paintEvent(QPaintEvent* /*event*/) {
   painter.drawText(box, static_cast<int>(flags | Qt::TextSingleLine), word());
   if (hasFocus()) {
     painter.setOpacity(1);
-    paintFocusRing(painter, plate, kRadius);
+    paintFocusRing(painter, plate.adjusted(-kRingRoom, -kRingRoom, kRingRoom, kRingRoom), kRadius + kRingRoom);
   }
 }
 

@@ -12,7 +12,6 @@
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
-#include <QPaintDevice>
 
 #include <array>
 
@@ -225,7 +224,7 @@ void WelcomeArt::paintCrush(QPainter& painter) {
   paintWrittenNote(painter);
   Symbols::paint(painter, u"arrowRight"_s, QRectF(202, 106, 34, 34), QColor(tokens::kText));
   paintCan(painter, {286, 80}, 84);
-  const auto ball = WadArt::image(QColor(tokens::kAccent), 46, painter.device()->devicePixelRatioF());
+  const auto ball = WadArt::image(QColor(tokens::kAccent), 46, painter.deviceTransform().m11());
   painter.drawImage(QRectF(230, 20, 46, 46), ball);
 }
 

@@ -6,6 +6,7 @@
 #include "settings/WelcomeView.h"
 
 #include <QImage>
+#include <QMenu>
 #include <QPainter>
 
 namespace tarnwick::test {
@@ -83,6 +84,22 @@ TEST_F(Pictures, aRefusedLoginItemMakesRoomForItsText) {
   click(u"Change the shortcut, now ⌘ ⇧ T"_s);
   QCoreApplication::processEvents();
   keep(window, u"general-recording"_s);
+}
+
+TEST_F(Pictures, theMenuOfAPickerAndTheRingOfTheKeyboard) {
+  auto& window = open(SettingsView::Pane::Notes);
+  click(u"New note texture: Plain Paper"_s);
+  for (auto* menu : window.findChildren<QMenu*>()) {
+    if (menu->isVisible()) keep(*menu, u"menu"_s);
+    menu->close();
+  }
+  button(u"When you complete a note: Crush into Trash"_s).setFocus();
+  keep(window, u"notes-picker-focus"_s);
+  button(u"Ghost"_s).setFocus();
+  keep(window, u"notes-mode-focus"_s);
+  window.selectPane(SettingsView::Pane::Sound);
+  button(u"Play Tear"_s).setFocus();
+  keep(window, u"sound-focus"_s);
 }
 
 class WelcomePictures : public testing::Test {

@@ -51,7 +51,7 @@ function(install_compressed source destination name)
 endfunction()
 install_compressed(packaging/tarnwick.1 ${CMAKE_INSTALL_MANDIR}/man1 tarnwick.1)
 if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/CHANGELOG.md)
-  install_compressed(CHANGELOG.md ${CMAKE_INSTALL_DATADIR}/doc/tarnwick changelog)
+  install_compressed(CHANGELOG.md ${CMAKE_INSTALL_DATADIR}/doc/tarnwick NEWS)
 endif()
 
 if(TARNWICK_TESTS)
@@ -79,4 +79,6 @@ set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "at-spi2-core, fonts-inter, git, libglib2.0-
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "pipewire-pulse | pulseaudio")
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+# Packing takes what is built; without this it would build tests and benchmarks first.
+set(CMAKE_SKIP_INSTALL_ALL_DEPENDENCY ON)
 include(CPack)

@@ -82,7 +82,7 @@ void paintCan(QPainter& painter, const QPointF& topLeft, double width) {
 
   QPainterPath ground;
   ground.addEllipse(QPointF(26, 53), 22, 4);
-  paintShadow(painter, u"welcome can"_s, {0, 0}, [&] { return std::vector<ShadowLayer>{{ground, 0, 2, .45}}; });
+  paintShadow(painter, u"welcome can"_s, {0, 0}, {{ground, 0, 2, .45}});
 
   const QRectF mouth(5, 6.5, 42, 11);
   painter.setPen(Qt::NoPen);
@@ -178,7 +178,7 @@ void paintHand(QPainter& painter, const QPointF& topLeft) {
   painter.save();
   painter.translate(topLeft);
   const auto hand = handOutline();
-  paintShadow(painter, u"welcome hand"_s, {0, 0}, [&] { return std::vector<ShadowLayer>{{hand, 4, 4, .5}}; });
+  paintShadow(painter, u"welcome hand"_s, {0, 0}, {{hand, 4, 4, .5}});
   QLinearGradient skin(36, 8, 96, 154);
   skin.setColorAt(0, QColor(0xFFFFFAEC));
   skin.setColorAt(1, QColor(0xFFE6D8B8));

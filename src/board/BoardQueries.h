@@ -20,10 +20,10 @@ enum class TagFilter { Off, On };
 
 struct BoardFilter {
   QString selectedBoard = kAllBoards;
-  QString search;                        // as typed: blanks count
-  TagFilter showTags = TagFilter::Off;   // off: selectedTag has no effect
+  QString search{};                     // as typed: blanks count
+  TagFilter showTags = TagFilter::Off;  // off: selectedTag has no effect
   TaskTag selectedTag = TaskTag::none;
-  std::optional<QString> gitRoot;        // of the current context; its notes come first
+  std::optional<QString> gitRoot{};     // of the current context; its notes come first
 };
 
 /// Newest first; notes of one moment by their ids, so that the order is the same at each draw.

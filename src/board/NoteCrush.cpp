@@ -192,3 +192,5 @@ Result<bool> crushAtOnce(const BoardServices& services, Task& task) {
 }
 
 }  // namespace tarnwick
+
+#include "moc_NoteCrush.cpp"

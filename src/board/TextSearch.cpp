@@ -7,6 +7,7 @@ namespace {
 
 constexpr char16_t kDotlessSmallI = 0x0131;
 constexpr char16_t kDottedCapitalI = 0x0130;
+constexpr char16_t kSharpS = 0x00DF;
 
 bool isAscii(const QString& text) {
   char16_t seen = 0;
@@ -41,7 +42,10 @@ QString TextSearch::folded(const QString& text) const {
     composed.replace(QChar(u'I'), QChar(kDotlessSmallI));
     composed.replace(QChar(kDottedCapitalI), QChar(u'i'));
   }
-  return composed.toCaseFolded();
+  composed = composed.toCaseFolded();
+  // The one letter in common use whose capitals are two.
+  composed.replace(QChar(kSharpS), QStringLiteral("ss"));
+  return composed;
 }
 
 }  // namespace tarnwick

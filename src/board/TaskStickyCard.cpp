@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "board/TaskStickyCard.h"
+
+#include "board/CardRules.h"
+#include "effects/SoundEngine.h"
+#include "model/Color.h"
+#include "model/StickyChecklist.h"
+#include "model/store/ModelContainer.h"
+#include "platform/Clock.h"
+#include "platform/Workspace.h"
+
+#include <QImage>
+
+#include <cmath>
+
+namespace tarnwick {
+namespace {
+
+QImage paperOf(const QPixmap& pixmap) {
+  if (pixmap.isNull()) return {};
+  const double scale = pixmap.devicePixelRatio();
+  const QRectF paper(CardFace::kMargin * scale, CardFace::kMargin * scale, CardFace::kWidth * scale, CardFace::kHeight * scale);
+  QImage image = pixmap.toImage().copy(paper.toRect());
+  image.setDevicePixelRatio(scale);
+  return image;
+}
+
+}  // namespace
+
+TaskStickyCard::TaskStickyCard(const BoardServices& services, TaskPtr task, std::function<DesktopRect()> screenFrame,
+                               QObject* parent)
+    : QObject(parent),
+      m_services(services),
+      m_task(std::move(task)),
+      m_crush(services, m_task,
+              NoteCrush::Card{std::move(screenFrame),
+                              [this] { return paperOf(m_raised.pixmap.isNull() ? m_rest.pixmap : m_raised.pixmap); }}) {
+  connect(&m_crush, &NoteCrush::isCrushingChanged, this, &TaskStickyCard::crushingChanged);
+  connect(&m_crush, &NoteCrush::aborted, this, &TaskStickyCard::crushAborted);
+  m_face = currentFace();
+  m_faceKey = m_face.key();
+}
+
+double TaskStickyCard::naturalAngle() const { return tarnwick::naturalAngle(m_task->id()); }
+
+bool TaskStickyCard::isSmoldering() const {
+  return tarnwick::isSmoldering(*m_task, dailyBurn(m_services.defaults), m_services.clock.now(),
+                                Calendar::of(m_services.clock));
+}
+
+bool TaskStickyCard::isOverdue(const QDateTime& due) const {
+  return tarnwick::isOverdue(*m_task, due, m_services.clock.now(), Calendar::of(m_services.clock));
+}
+
+double TaskStickyCard::hoursUntilMidnight() const {
+  return tarnwick::hoursUntilMidnight(m_services.clock.now(), Calendar::of(m_services.clock));
+}
+
+QString TaskStickyCard::dueLabel(const QDateTime& date) const {
+  return tarnwick::dueLabel(date, m_services.clock.now(), Calendar::of(m_services.clock));
+}
+
+void TaskStickyCard::toggleDaily3() {
+  tarnwick::toggleDaily3(*m_task);
+  save();
+  m_services.sound.playStick();
+}
+
+void TaskStickyCard::cycleColor() {
+  tarnwick::cycleColor(*m_task);
+  save();
+}
+
+void TaskStickyCard::setTag(TaskTag tag) {
+  m_task->set(&TaskRecord::tagRaw, rawValue(tag));
+  save();
+}
+
+void TaskStickyCard::toggleLine(int line) {
+  StickyChecklistBody::toggleLine(*m_task, line, m_services.container.mainContext());
+}
+
+void TaskStickyCard::save() {
+  (void)m_services.container.mainContext().save();  // unwritten changes go with the next save
+}
+
+void TaskStickyCard::abortCrush() {
+  if (m_crush.isCrushing()) m_crush.abort();
+}
+
+void TaskStickyCard::setAppearance(const Appearance& appearance) {
+  if (appearance == m_appearance) return;
+  m_appearance = appearance;
+  refresh();
+}
+
+CardFace TaskStickyCard::currentFace() const {
+  CardFace face;
+  const Task& task = *m_task;
+  face.text = task.text();
+  face.colorHex = task.colorHex();
+  face.theme = task.paperTheme();
+  face.stamp = task.stamp();
+  face.tag = task.tag();
+  if (const auto& due = task.dueDate()) {
+    face.due = CardParts::DueLabel{dueLabel(*due), isOverdue(*due), task.recurrence() != Recurrence::none};
+  }
+  if (const auto& app = task.record().pinnedBundleID; app && !app->isEmpty()) {
+    face.appID = *app;
+    face.appIcon = m_services.workspace.identity(*app).second;
+  }
+  face.isPrivate = task.isPrivate();
+  face.isDaily3 = task.isDaily3();
+  face.isSmoldering = isSmoldering();
+  face.seed = paperSeed(task.id());
+  face.mark = m_appearance.mark;
+  face.direction = m_appearance.direction;
+  face.hasMoreContrast = m_appearance.hasMoreContrast;
+  return face;
+}
+
+bool TaskStickyCard::refresh() {
+  CardFace face = currentFace();
+  QString key = face.key();
+  if (key == m_faceKey) return false;
+  m_face = std::move(face);
+  m_faceKey = std::move(key);
+  m_rest = {};
+  m_raised = {};
+  m_body.reset();
+  return true;
+}
+
+const QPixmap& TaskStickyCard::pixmap(PaperLift paperLift, double scale) {
+  Cached& cached = paperLift == PaperLift::Raised ? m_raised : m_rest;
+  if (cached.pixmap.isNull() || cached.scale != scale) cached = {m_face.pixmap(paperLift, scale), scale};
+  return cached.pixmap;
+}
+
+TaskStickyCard::Hit TaskStickyCard::hit(const QPointF& point) const {
+  if (!QRectF(0, 0, CardFace::kWidth, CardFace::kHeight).contains(point)) return {};
+  if (m_face.circleHitRect().contains(point)) return {CardPart::Circle};
+  if (tools.target() > 0) {
+    static constexpr std::array kTools{CardPart::Edit, CardPart::ChangeColor, CardPart::Daily3, CardPart::TearOff};
+    const QRectF bar = CardFace::hoverBarRect();
+    if (bar.contains(point)) {
+      // The slots share the bar without gaps, so that no press falls between two tools.
+      const int count = static_cast<int>(kTools.size());
+      int index = std::clamp(static_cast<int>((point.x() - bar.left()) / bar.width() * count), 0, count - 1);
+      if (m_face.direction == Qt::RightToLeft) index = count - 1 - index;
+      return {kTools[static_cast<std::size_t>(index)]};
+    }
+  }
+  if (StickyChecklist::hasChecklist(m_face.text)) {
+    if (!m_body) m_body = std::make_unique<StickyChecklistBody>(m_face.body());
+    const int line = m_body->checklistLineAt(point - m_face.bodyOrigin());
+    if (line >= 0) return {CardPart::Box, line};
+  }
+  return {CardPart::Paper};
+}
+
+QString TaskStickyCard::accessibleName() const {
+  QStringList words;
+  QStringList lines;
+  for (const QString& line : StickyChecklist::lines(m_face.text)) {
+    const QString label = StickyChecklist::isChecklistLine(line) ? StickyChecklist::label(line) : line.trimmed();
+    if (!label.isEmpty()) lines << label;
+  }
+  words << lines.join(QStringLiteral("; ")) << paperColorName(m_face.colorHex);
+  if (m_face.due) {
+    words << tr("due %1").arg(m_face.due->text);
+    if (m_face.due->isOverdue) words << tr("overdue");
+  }
+  if (const auto progress = StickyChecklist::progress(m_face.text)) {
+    words << tr("%1 of %2 done").arg(progress->done).arg(progress->total);
+  }
+  if (m_face.isPrivate) words << tr("private");
+  if (m_face.isDaily3) words << tr("daily three");
+  if (m_face.isSmoldering) words << tr("burns tonight");
+  return words.join(QStringLiteral(", "));
+}
+
+QString TaskStickyCard::partName(CardPart part) const {
+  switch (part) {
+    case CardPart::Circle: return tr("Crush note");
+    case CardPart::Edit: return tr("Edit");
+    case CardPart::ChangeColor: return tr("Change colour");
+    case CardPart::Daily3: return tr("Add to daily three");
+    case CardPart::TearOff: return tr("Tear off");
+    case CardPart::None:
+    case CardPart::Paper:
+    case CardPart::Box: break;
+  }
+  return {};
+}
+
+}  // namespace tarnwick

@@ -43,8 +43,8 @@ class ContentView final : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
-  bool focusNextPrevChild(bool isNext) override;  // NOLINT: Qt's signature
 
  private:
   struct Content;

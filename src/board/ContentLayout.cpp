@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+// How the board is put together: its widgets, what they are connected to, where they stand and in which order they get
+// the keyboard.
+#include "board/ContentState.h"
+#include "board/InkButton.h"
+#include "context/ContextEngine.h"
+#include "effects/AshLedge.h"
+#include "effects/BoardSurfaceView.h"
+#include "effects/Controls.h"
+#include "board/BoardTabs.h"
+#include "model/NotificationCenter.h"
+#include "model/SettingsKeys.h"
+#include "model/UserDefaults.h"
+#include "model/store/ModelContainer.h"
+#include "platform/Screens.h"
+#include "settings/UpdateChecker.h"
+
+namespace tarnwick {
+namespace {
+
+constexpr int kEdge = 14;
+constexpr int kRail = static_cast<int>(BoardSurfaceView::kRailHeight);
+constexpr int kBannerHeight = 36;
+constexpr int kFieldHeight = 30;
+constexpr int kSlipRoom = 166;   // what the slip takes from the top of the wall
+constexpr int kSlipSpread = 10;  // around the slip, for its turn and shadow
+
+}  // namespace
+
+ContentView::Content::Content(ContentView& owner, const BoardServices& given)
+    : view(owner),
+      services(given),
+      wall(new NoteWall(services, &owner)),
+      nudge(new PlanNudgeView(&owner)),
+      slip(new StatsSlip(wall)),
+      strip(new AshesStrip(&owner)),
+      field(new SearchField(&owner)),
+      tagRow(new TagRow(&owner)),
+      banner(new UpdateBanner(&owner)),
+      rail(new BoardRail(&owner)),
+      composer(new AddTaskView(services, {[this] { view.showList(); }, [this] { view.showList(); }}, &owner)),
+      editor(new TaskNoteView(services, [this] { view.showList(); }, &owner)),
+      ashes(new AshesOverlay({[this] { closeAshes(); }, [this](const TaskPtr& task) { revive(task); }, [this] { sweep(); }}, &owner)),
+      toast(new UndoToast(services.clock, services.scheduler, services.workspace, &owner)),
+      cover(new PageCover(services.clock, services.scheduler, &owner)),
+      undoKey(new UndoKeyView(&owner)) {}
+
+void ContentView::Content::connectAll() {
+  undoKey->onUndo = [this] { undo(); };
+  connect(&services.container, &ModelContainer::didSave, &view, [this] { scheduleReload(); });
+  connect(&services.defaults, &UserDefaults::changed, &view, [this] {
+    refresh();
+    view.update();
+  });
+  connect(&services.context, &ContextEngine::snapshotChanged, &view, [this] { refresh(); });
+  connect(&services.updates, &UpdateChecker::changed, &view, [this] { refresh(); });
+  connect(&services.center, &NotificationCenter::showAddTask, &view, &ContentView::showComposer);
+  connect(&services.center, &NotificationCenter::crushDidComplete, &view, [this] { toast->show(UndoToast::Kind::Crushed); });
+  screensWatch = services.screens.onChanged([this] { view.update(); });
+
+  connect(rail, &BoardRail::boardChosen, &view, [this](const QString& name) { selectBoard(name); });
+  connect(rail, &BoardRail::boardAdded, &view, [this](const QString& name) { addBoard(name); });
+  connect(rail, &BoardRail::newNoteRequested, &view, &ContentView::showComposer);
+  connect(rail, &BoardRail::displayModeChosen, &view, [this](NoteDisplayMode mode) {
+    (void)services.defaults.setText(keys::kNoteDisplayMode, rawValue(mode));
+    Q_EMIT services.center.noteDisplayModeChanged();
+  });
+  connect(&rail->searchTool(), &QAbstractButton::clicked, &view, [this] { toggleSearch(); });
+  connect(&rail->tagsTool(), &QAbstractButton::clicked, &view, [this] { toggleTags(); });
+  connect(&rail->statsTool(), &QAbstractButton::clicked, &view, [this] { toggleStats(); });
+  connect(slip, &StatsSlip::closeRequested, &view, [this] { toggleStats(); });
+  connect(field, &SearchField::textChanged, &view, [this](const QString& text) {
+    search = text;
+    refresh();
+  });
+  connect(field, &SearchField::closeRequested, &view, [this] { toggleSearch(); });
+  connect(tagRow, &ChoiceRow::chosen, &view, [this] {
+    selectedTag = tagRow->tag();
+    refresh();
+  });
+  connect(banner, &UpdateBanner::downloadRequested, &view, [this] { services.updates.openDownload(); });
+  connect(banner, &UpdateBanner::dismissed, &view, [this] { services.updates.dismissBanner(); });
+  connect(strip, &QAbstractButton::clicked, &view, [this] { openAshes(); });
+  connect(nudge, &PlanNudgeView::slotChosen, &view, [this](const QString& colorHex) {
+    NoteDraft draft = blankDraft();
+    draft.colorHex = colorHex;
+    compose(draft);
+  });
+  connect(wall, &NoteWall::editRequested, &view,
+          [this](const QUuid& id) { view.showEditor(services.container.mainContext().findTask(id)); });
+  connect(wall, &NoteWall::tearOffRequested, &view, [this](const QUuid& id, const DesktopRect& from) { tearOff(id, from); });
+  connect(wall, &NoteWall::scrolled, &view, [this] { placeSlip(); });
+}
+
+void ContentView::Content::orderTabs() {
+  QList<QWidget*> order{wall};
+  order << &slip->closeButton() << nudge->stops() << rail->stops() << &field->edit() << tagRow << banner->stops() << strip;
+  for (int i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
+}
+
+int ContentView::Content::wallTop() const {
+  int top = kRail;
+  if (banner->property("isWanted").toBool()) top += kBannerHeight;
+  if (showSearch && showTags) return top + 66;
+  return showSearch || showTags ? top + 36 : top;
+}
+
+bool ContentView::Content::showsNudge() const {
+  return active.empty() && search.isEmpty() && !(showTags && selectedTag != TaskTag::none) && !showStats;
+}
+
+bool ContentView::Content::showsStrip() const { return burnedLastNight > 0; }
+
+void ContentView::Content::placeSlip() {
+  slip->setGeometry(0, static_cast<int>(12 - kSlipSpread - wall->scrollOffset()), view.width(), StatsSlip::kHeight + 2 * kSlipSpread);
+}
+
+void ContentView::Content::layOut() {
+  const int width = view.width();
+  const int height = view.height();
+  const bool isList = state == ViewState::list && !showBurned;
+  const bool hasBanner = banner->property("isWanted").toBool();
+  rail->setGeometry(0, 0, width, kRail);
+  int y = kRail;
+  banner->setGeometry(0, y, width, kBannerHeight);
+  if (hasBanner) y += kBannerHeight;
+  field->setGeometry(kEdge - 2, y + 3 - 2, width - 2 * kEdge + 4, kFieldHeight + 4);
+  tagRow->setGeometry(kEdge, y + (showSearch ? 36 : 3), width - 2 * kEdge, kFieldHeight);
+  const int top = wallTop();
+  wall->setGeometry(0, top, width, height - top);
+  wall->setInsets(showStats ? kSlipRoom : 0, showsStrip() ? static_cast<int>(AshLedge::kHeight) : 0);
+  placeSlip();
+  nudge->setGeometry(view.rect());
+  nudge->setShift(top - kRail);
+  const QSize ledge = strip->sizeHint();
+  strip->setGeometry(0, height - ledge.height(), width, ledge.height());
+  for (QWidget* page : {static_cast<QWidget*>(composer), static_cast<QWidget*>(editor), static_cast<QWidget*>(ashes)}) {
+    page->setGeometry(view.rect());
+  }
+
+  composer->setVisible(state == ViewState::add);
+  editor->setVisible(state == ViewState::edit);
+  ashes->setVisible(state == ViewState::list && showBurned);
+  rail->setVisible(isList);
+  wall->setVisible(isList);
+  slip->setVisible(isList && showStats);
+  nudge->setVisible(isList && showsNudge());
+  field->setVisible(isList && showSearch);
+  tagRow->setVisible(isList && showTags);
+  banner->setVisible(isList && hasBanner);
+  strip->setVisible(isList && showsStrip());
+  toast->raise();
+}
+
+}  // namespace tarnwick

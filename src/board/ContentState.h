@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+// The board's view state and the widgets that show it. Known to the board's own sources only.
+#pragma once
+
+#include "board/AddTaskView.h"
+#include "board/AshesOverlay.h"
+#include "board/BoardFilters.h"
+#include "board/BoardQueries.h"
+#include "board/BoardRail.h"
+#include "board/BoardStrips.h"
+#include "board/ContentView.h"
+#include "board/NoteWall.h"
+#include "board/PageCover.h"
+#include "board/PlanNudgeView.h"
+#include "board/StatsSlip.h"
+#include "board/TaskNoteView.h"
+#include "board/UndoKeyMonitor.h"
+#include "board/UndoToast.h"
+
+#include <optional>
+
+namespace tarnwick {
+
+struct ContentView::Content {
+  Content(ContentView& owner, const BoardServices& given);
+
+  // Notes and settings come in.
+  void reload();
+  void refresh();
+  void refreshClock();
+  void armMinute();
+  void scheduleReload();
+
+  // What the user does.
+  void setState(ViewState to);
+  void selectBoard(const QString& name);
+  void addBoard(const QString& name);
+  void toggleSearch();
+  void toggleTags();
+  void toggleStats();
+  void compose(const NoteDraft& draft);
+  [[nodiscard]] NoteDraft blankDraft() const;
+  void openAshes();
+  void closeAshes();
+  void revive(const TaskPtr& task);
+  void sweep();
+  void undo();
+  void tearOff(const QUuid& id, const DesktopRect& from);
+  [[nodiscard]] QStringList boardNames() const;
+
+  // Where things are.
+  void connectAll();
+  void layOut();
+  void placeSlip();
+  void orderTabs();
+  [[nodiscard]] int wallTop() const;
+  [[nodiscard]] bool showsNudge() const;
+  [[nodiscard]] bool showsStrip() const;
+  void crossFade(const std::function<void()>& change);
+
+  ContentView& view;
+  BoardServices services;
+  ViewState state = ViewState::list;
+
+  TaskList tasks;   // newest first
+  TaskList active;  // on the wall
+  QString selectedBoard = kAllBoards;
+  QStringList addedBoards;
+  bool showBurned = false;
+  bool showStats = false;
+  bool showSearch = false;
+  bool showTags = false;
+  QString search;
+  TaskTag selectedTag = TaskTag::none;
+  int burnedLastNight = 0;
+  bool isStale = false;  // notes changed while nobody looked
+
+  NoteWall* wall;
+  PlanNudgeView* nudge;
+  StatsSlip* slip;
+  AshesStrip* strip;
+  SearchField* field;
+  TagRow* tagRow;
+  UpdateBanner* banner;
+  BoardRail* rail;
+  AddTaskView* composer;
+  TaskNoteView* editor;
+  AshesOverlay* ashes;
+  UndoToast* toast;
+  PageCover* cover;
+  UndoKeyView* undoKey;
+  Registration minute;
+  Registration pendingReload;
+  Registration screensWatch;
+};
+
+}  // namespace tarnwick

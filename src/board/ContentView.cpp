@@ -1,0 +1,342 @@
+// SPDX-License-Identifier: MIT
+#include "board/ContentView.h"
+
+#include "board/Ashes.h"
+#include "board/BoardKeys.h"
+#include "board/ContentState.h"
+#include "board/CrushUndoStore.h"
+#include "board/TornNotes.h"
+#include "context/ContextEngine.h"
+#include "effects/BoardSurfaceView.h"
+#include "effects/Controls.h"
+#include "effects/Tokens.h"
+#include "model/NotificationCenter.h"
+#include "model/SettingsKeys.h"
+#include "model/UserDefaults.h"
+#include "model/store/ModelContainer.h"
+#include "platform/Clock.h"
+#include "platform/Scheduler.h"
+#include "platform/Screens.h"
+#include "platform/Workspace.h"
+#include "settings/UpdateChecker.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+namespace tarnwick {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr qint64 kMinuteMs = 60'000;
+
+}  // namespace
+
+void ContentView::Content::reload() {
+  pendingReload.cancel();
+  isStale = false;
+  tasks = newestFirst(services.container.mainContext().fetchTasks());
+  refresh();
+}
+
+void ContentView::Content::scheduleReload() {
+  if (view.isVisible()) {
+    reload();
+    return;
+  }
+  isStale = true;
+  // Drawn ahead, so that the board drops with its cards on it.
+  pendingReload = services.scheduler.after(400ms, [this] {
+    reload();
+    wall->prepare();
+  });
+}
+
+void ContentView::Content::refresh() {
+  const QDateTime now = services.clock.now();
+  const Calendar calendar = Calendar::of(services.clock);
+  BoardFilter filter;
+  filter.selectedBoard = selectedBoard;
+  filter.search = search;
+  filter.showTags = showTags ? TagFilter::On : TagFilter::Off;
+  filter.selectedTag = selectedTag;
+  filter.gitRoot = services.context.snapshot().gitRoot;
+  active = activeTasks(tasks, filter, now, calendar);
+  wall->setMark(showSearch ? search : QString());
+  wall->setNotes(active);
+  rail->setTabs(boardNames(), selectedBoard);
+  const auto mode = fromRawValue<NoteDisplayMode>(services.defaults.text(keys::kNoteDisplayMode).value_or(QString()));
+  rail->setDisplayMode(mode.value_or(NoteDisplayMode::alwaysOnTop));
+  const TaskList burned = burnedTasks(tasks);
+  slip->setStats({completedTasksCount(tasks), static_cast<int>(burned.size()), static_cast<int>(active.size())});
+  if (showBurned) ashes->setBurned(burned);
+  const auto release = services.updates.bannerRelease();
+  if (release) banner->setVersion(release->version);
+  banner->setProperty("isWanted", release.has_value());
+  refreshClock();
+}
+
+void ContentView::Content::refreshClock() {
+  const QDateTime now = services.clock.now();
+  const Calendar calendar = Calendar::of(services.clock);
+  const DailyBurn burns = dailyBurn(services.defaults);
+  const int burnable = burns == DailyBurn::On ? burnableTonight(tasks) : 0;
+  rail->setCountdown(burnable, burnCountdown(burnable, now, calendar));
+  burnedLastNight = ashesFromLastNight(tasks, now, calendar);
+  strip->setCount(burnedLastNight);
+  nudge->setNudge(planNudge(now, calendar, burns), PlanNudgeView::skyAt(calendar.hour(now)));
+  const auto mood = fromRawValue<BoardMood>(services.defaults.text(keys::kBoardMood).value_or(QString()));
+  nudge->setMood(mood.value_or(BoardMood::obsidian));
+  wall->refreshCards();
+  layOut();
+}
+
+void ContentView::Content::armMinute() {
+  const qint64 past = services.clock.now().toMSecsSinceEpoch() % kMinuteMs;
+  minute = services.scheduler.after(std::chrono::milliseconds(kMinuteMs - past), [this] {
+    armMinute();
+    refresh();  // what sleeps may wake at midnight
+  });
+}
+
+QStringList ContentView::Content::boardNames() const {
+  QStringList kept = addedBoards;
+  if (!kept.contains(selectedBoard)) kept.append(selectedBoard);
+  return boards(tasks, kept);
+}
+
+NoteDraft ContentView::Content::blankDraft() const {
+  NoteDraft draft = NoteDraft::forNewNote(services.defaults);
+  if (selectedBoard != kAllBoards && selectedBoard != kFocusBoard) draft.board = selectedBoard;
+  return draft;
+}
+
+void ContentView::Content::crossFade(const std::function<void()>& change) {
+  if (!view.isVisible()) {
+    change();
+    return;
+  }
+  cover->drop();
+  const QPixmap page = view.grab();
+  change();
+  cover->fade(page, services.workspace.isMotionReduced() ? 120ms : 220ms);
+}
+
+void ContentView::Content::setState(ViewState to) {
+  if (state == to) return;
+  state = to;
+  if (to != ViewState::list) wall->rest();
+  layOut();
+  Q_EMIT view.viewStateChanged();
+}
+
+void ContentView::Content::compose(const NoteDraft& draft) {
+  QStringList names = boardNames();
+  names.removeAll(kAllBoards);
+  names.removeAll(kFocusBoard);
+  closeAshes();
+  crossFade([&] {
+    composer->begin(draft, names);
+    setState(ViewState::add);
+  });
+  composer->takeFocus();
+}
+
+void ContentView::Content::selectBoard(const QString& name) {
+  selectedBoard = name;
+  refresh();
+}
+
+void ContentView::Content::addBoard(const QString& name) {
+  if (!boardNames().contains(name)) addedBoards.append(name);
+  selectBoard(name);
+}
+
+void ContentView::Content::toggleSearch() {
+  showSearch = !showSearch;
+  rail->searchTool().setChecked(showSearch);
+  if (!showSearch) {
+    search.clear();
+    field->setText(QString());
+  }
+  refresh();
+  if (showSearch) {
+    field->setFocus();
+  } else if (!view.focusWidget() || !view.focusWidget()->isVisible()) {
+    wall->setFocus();
+  }
+}
+
+void ContentView::Content::toggleTags() {
+  showTags = !showTags;
+  rail->tagsTool().setChecked(showTags);
+  refresh();
+}
+
+void ContentView::Content::toggleStats() {
+  showStats = !showStats;
+  rail->statsTool().setChecked(showStats);
+  refresh();
+}
+
+void ContentView::Content::openAshes() {
+  if (showBurned) return;
+  crossFade([&] {
+    showBurned = true;
+    ashes->setBurned(burnedTasks(tasks));
+    layOut();
+  });
+  ashes->takeFocus();
+}
+
+void ContentView::Content::closeAshes() {
+  if (!showBurned) return;
+  crossFade([&] {
+    showBurned = false;
+    layOut();
+  });
+  wall->setFocus();
+}
+
+void ContentView::Content::revive(const TaskPtr& task) {
+  (void)reviveNotes(services.container.mainContext(), {task}, services.reminders, services.clock.now());
+  ashes->takeFocus();
+}
+
+void ContentView::Content::sweep() {
+  (void)sweepNotes(services.container.mainContext(), burnedTasks(tasks), services.torn ? services.torn() : nullptr);
+  ashes->takeFocus();
+}
+
+void ContentView::Content::undo() {
+  if (services.undo.undo(services.container.mainContext())) toast->show(UndoToast::Kind::Restored);
+}
+
+void ContentView::Content::tearOff(const QUuid& id, const DesktopRect& from) {
+  TornNotes* torn = services.torn ? services.torn() : nullptr;
+  const TaskPtr task = services.container.mainContext().findTask(id);
+  if (torn && task) torn->tearOffTask(task, from);
+}
+
+ContentView::ContentView(const BoardServices& services, QWidget* parent)
+    : QWidget(parent), m_content(std::make_unique<Content>(*this, services)) {
+  setFixedSize(kSide, kSide);
+  setAccessibleName(tr("Board"));
+  m_content->connectAll();
+  m_content->orderTabs();
+  m_content->reload();
+}
+
+ContentView::~ContentView() = default;
+
+ContentView::ViewState ContentView::viewState() const { return m_content->state; }
+
+void ContentView::showComposer() {
+  if (m_content->state == ViewState::add) {
+    m_content->composer->takeFocus();
+    return;
+  }
+  m_content->compose(m_content->blankDraft());
+}
+
+void ContentView::showList() {
+  m_content->closeAshes();
+  if (m_content->state == ViewState::list) return;
+  m_content->crossFade([this] { m_content->setState(ViewState::list); });
+  m_content->wall->setFocus();
+}
+
+void ContentView::showEditor(const TaskPtr& task) {
+  if (!task) return;
+  QStringList names = m_content->boardNames();
+  names.removeAll(kAllBoards);
+  names.removeAll(kFocusBoard);
+  m_content->closeAshes();
+  m_content->crossFade([&] {
+    m_content->editor->begin(task, names);
+    m_content->setState(ViewState::edit);
+  });
+  m_content->editor->takeFocus();
+}
+
+void ContentView::showAshes() {
+  showList();
+  m_content->openAshes();
+}
+
+void ContentView::takeFocus() {
+  switch (m_content->state) {
+    case ViewState::list:
+      m_content->showBurned ? m_content->ashes->takeFocus() : m_content->wall->setFocus(Qt::OtherFocusReason);
+      break;
+    case ViewState::add: m_content->composer->takeFocus(); break;
+    case ViewState::edit: m_content->editor->takeFocus(); break;
+  }
+}
+
+void ContentView::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  const auto& services = m_content->services;
+  const auto mood = fromRawValue<BoardMood>(services.defaults.text(keys::kBoardMood).value_or(QString()));
+  const bool isComposited = services.screens.isComposited();
+  if (!isComposited) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor::fromRgb(0x1E2229));
+    painter.drawRoundedRect(rect(), BoardSurfaceView::kRadius, BoardSurfaceView::kRadius);
+  }
+  painter.drawPixmap(0, 0, BoardSurfaceView::pixmap(mood.value_or(BoardMood::obsidian), GlassVariant::soft, size(), devicePixelRatioF()));
+  if (!isComposited) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(Qt::black, 1));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), BoardSurfaceView::kRadius - 0.5, BoardSurfaceView::kRadius - 0.5);
+  }
+}
+
+void ContentView::keyPressEvent(QKeyEvent* event) {
+  const bool isList = m_content->state == ViewState::list;
+  if (hasCommand(event->modifiers()) && !event->modifiers().testFlag(Qt::ShiftModifier)) {
+    if (event->key() == Qt::Key_N) {
+      showComposer();
+      return;
+    }
+    if (event->key() == Qt::Key_F && isList && !m_content->showBurned) {
+      m_content->showSearch ? m_content->field->setFocus() : m_content->toggleSearch();
+      return;
+    }
+  }
+  if (event->key() == Qt::Key_Escape && isList && m_content->showBurned) {
+    m_content->closeAshes();
+    return;
+  }
+  QWidget::keyPressEvent(event);
+}
+
+void ContentView::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (m_content->isStale) {
+    m_content->reload();
+  } else {
+    m_content->refresh();
+  }
+  m_content->armMinute();
+}
+
+void ContentView::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  m_content->minute.cancel();
+  m_content->cover->drop();
+  m_content->wall->rest();
+}
+
+void ContentView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  m_content->layOut();
+}
+
+void ContentView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::LayoutDirectionChange) m_content->layOut();
+}
+
+}  // namespace tarnwick

@@ -176,6 +176,13 @@ QPainterPath placed(const PaperSheet& sheet, const Cut& made) {
   return peelsAtLeft(sheet, made) ? mirroring(made.size.width()).map(made.outline) : made.outline;
 }
 
+// A corner on its way up has the shadow of the nearer end of its way: no step of it is blurred anew.
+double shadowPeel(double peel) {
+  constexpr double kResting = 28;
+  constexpr double kLifted = 44;
+  return peel <= 0 ? 0 : peel < (kResting + kLifted) / 2 ? kResting : kLifted;
+}
+
 // The glue strip holds the top, the lower corners curl away from the wall.
 QPainterPath curledCorners(const QSizeF& size, double offset) {
   const double width = size.width();
@@ -189,10 +196,8 @@ QPainterPath curledCorners(const QSizeF& size, double offset) {
 }
 
 void paintSheetShadow(QPainter& painter, const PaperSheet& sheet, const Cut& made) {
-  // A corner on its way up keeps the shadow of its rest: nothing is blurred while it moves.
-  constexpr double kRestingPeel = 28;
   const bool isBurnt = sheet.edge == PaperEdge::Smoldering;
-  const double peel = std::min(made.peel, kRestingPeel);
+  const double peel = shadowPeel(made.peel);
   const Radii corner = radii(sheet.kind);
   const QPainterPath shape =
       isBurnt ? made.outline : LiftedPaperShape(made.size, corner.top, corner.bottom, peel).outline();

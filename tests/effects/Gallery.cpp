@@ -401,7 +401,7 @@ int main(int argc, char** argv) {
     std::fputs("usage: tarnwick-gallery FOLDER\n", stderr);
     return 2;
   }
-  for (const double scale : {1.0, 2.0}) {
+  for (const double scale : {1.0, 1.5, 2.0}) {
     const Sheet sheet{arguments.at(1), scale};
     cards(sheet);
     moods(sheet);

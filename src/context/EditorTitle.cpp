@@ -17,6 +17,11 @@ namespace {
 constexpr std::array kProjectFolders{"Projects",  "projects", "src",       "Code", "code", "dev",
                                      "Development", "git",    "workspace", "work", "repos", "Documents"};
 
+// Titles are other programs' words: bounds on how much of one is looked at, and looked up.
+constexpr qsizetype kLongestTitle = 4096;
+constexpr std::size_t kMostSegments = 12;
+constexpr qsizetype kMostPieces = 24;
+
 /// Application names that hold a separator or that a running application is not called itself.
 constexpr std::array kEndings{" - Visual Studio Code", " - Code - OSS", " - VSCodium", " - Cursor",  " - Sublime Text",
                               " - GNU Emacs",          " - Qt Creator", " - GVIM",     " - VIM",     " - NVIM",
@@ -64,7 +69,7 @@ std::vector<Segment> segmentsOf(const QString& title) {
   static const QRegularExpression separator(QStringLiteral(R"(\s+[-–—•|]\s+)"));
   std::vector<Segment> segments;
   qsizetype start = 0;
-  for (auto it = separator.globalMatch(title); it.hasNext();) {
+  for (auto it = separator.globalMatch(title); it.hasNext() && segments.size() + 1 < kMostSegments;) {
     const auto match = it.next();
     segments.push_back({start, match.capturedStart()});
     start = match.capturedEnd();
@@ -77,12 +82,12 @@ std::vector<Segment> segmentsOf(const QString& title) {
 void appendPieces(QStringList& pieces, const QString& segment) {
   const auto add = [&](const QString& text) {
     const auto piece = withoutMarks(text);
-    if (!piece.isEmpty() && !pieces.contains(piece)) pieces.append(piece);
+    if (!piece.isEmpty() && !pieces.contains(piece) && pieces.size() < kMostPieces) pieces.append(piece);
   };
   add(segment);
   static const QRegularExpression bracketed(QStringLiteral(R"(^(.*?)\s*[(\[]([^()\[\]]+)[)\]](.*)$)"));
   const auto match = bracketed.match(segment);
-  if (!match.hasMatch()) return;
+  if (!match.hasMatch() || pieces.size() >= kMostPieces) return;
   add(match.captured(1));
   for (const auto& inner : match.captured(2).split(QStringLiteral(" @ "))) add(inner);
   if (!match.captured(3).trimmed().isEmpty()) appendPieces(pieces, match.captured(3));
@@ -214,7 +219,7 @@ class Search final {
 }  // namespace
 
 QStringList titlePieces(const QString& title, const QString& applicationName) {
-  const auto text = withoutApplication(title.simplified(), applicationName);
+  const auto text = withoutApplication(title.left(kLongestTitle).simplified(), applicationName);
   const auto segments = segmentsOf(text);
   QStringList pieces;
   // A path may hold " - " itself: the longest reading of it goes first, the file system decides.
@@ -223,6 +228,7 @@ QStringList titlePieces(const QString& title, const QString& applicationName) {
     for (std::size_t j = segments.size(); j-- > i + 1;) {
       pieces.append(withoutMarks(text.mid(segments[i].start, segments[j].end - segments[i].start)));
     }
+    break;  // one whole path is all that a title has
   }
   for (const auto& segment : segments) appendPieces(pieces, text.mid(segment.start, segment.end - segment.start));
   return pieces;

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QMap>
+#include <random>
 
 namespace tarnwick::test {
 namespace {
@@ -92,6 +92,29 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"emptyTitle", u""_s, u"Editor"_s, {}, {}, {}},
         Row{"marksOnly", u" * - • - Editor"_s, u"Editor"_s, kHome, {}, {}}),
     nameOf);
+
+// Whatever a program writes into its title, the answer is a folder that is there, found without a long search.
+TEST(EditorTitles, ofAnyKindGiveAnExistingFolderOrNothing) {
+  const QStringList words{u" - "_s,       u" – "_s, u" • "_s, u"("_s,     u")"_s,    u"["_s,   u"]"_s,   u"/"_s,
+                          u"~"_s,         u".."_s,  u"*"_s,   u"main.c"_s, u"proj"_s, u"src"_s, u"●"_s,   u" @ "_s,
+                          u"/home/ada"_s, u"\n"_s,  u"file:///"_s, u"README.md"_s, u"Geany"_s, u"%20"_s, u"\u202E"_s};
+  std::mt19937 random(7);
+  for (int round = 0; round < 3000; ++round) {
+    QString title;
+    const auto length = random() % (round % 100 == 0 ? 3000 : 12);
+    for (unsigned i = 0; i < length; ++i) title += words[static_cast<qsizetype>(random() % words.size())];
+    int probes = 0;
+    const auto counted = [&](const QString& path) {
+      ++probes;
+      EXPECT_TRUE(path.startsWith(u'/')) << path.toStdString();
+      return probe(path);
+    };
+    const EditorProcess process{u"Geany"_s, u"/srv/other"_s, {u"src/util.c"_s, u"--flag"_s}, u"/home/ada"_s};
+    const auto folder = folderFromTitle(title, process, counted);
+    EXPECT_TRUE(!folder || probe(*folder) == PathKind::Folder) << title.toStdString();
+    EXPECT_LT(probes, 1500);
+  }
+}
 
 }  // namespace
 }  // namespace tarnwick::test

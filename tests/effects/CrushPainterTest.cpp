@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tarnwick::test {
@@ -69,6 +70,9 @@ TEST_P(Painter, repaintingWhatMovedEqualsPaintingAll) {
     const auto expected = whole(t);
     int differing = 0;
     for (int y = 0; y < stage.height(); ++y) {
+      if (std::equal(stage.constScanLine(y), stage.constScanLine(y) + stage.bytesPerLine(), expected.constScanLine(y))) {
+        continue;
+      }
       for (int x = 0; x < stage.width(); ++x) {
         const auto a = stage.pixel(x, y);
         const auto b = expected.pixel(x, y);

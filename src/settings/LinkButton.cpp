@@ -52,7 +52,7 @@ void LinkButton::paintEvent(QPaintEvent* /*event*/) {
   painter.setFont(face);
   painter.setPen(color);
   painter.drawText(box, static_cast<int>(Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine), text());
-  if (hasFocus()) paintFocusRing(painter, QRectF(rect()).adjusted(2, 2, -2, -2), 6);
+  if (hasFocus()) paintFocusRing(painter, QRectF(rect()).adjusted(0, 1, 0, -1), 7);
 }
 
 }  // namespace tarnwick

@@ -70,7 +70,7 @@ void ModeRow::paintEvent(QPaintEvent* /*event*/) {
   const double titleHeight = paragraphHeight(text(), tokens::Type::RowTitle, textWidth);
   const double helpHeight = paragraphHeight(m_help, tokens::Type::Help, textWidth);
   const double top = std::round((height() - titleHeight - helpHeight) / 2);
-  const auto alignment = isMirrored ? Qt::AlignRight : Qt::AlignLeft;
+  const auto alignment = (isMirrored ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
   painter.setPen(QColor(tokens::kText));
   paintParagraph(painter, placed(QRectF(kTextLeft, top, textWidth, titleHeight)), text(), tokens::Type::RowTitle,
                  alignment);

@@ -50,6 +50,7 @@ NotesPane::NotesPane(const SettingsServices& services, QWidget* parent) : Settin
 void NotesPane::addTornOffNotes() {
   addHeading(tr("Torn-off notes"));
   auto* group = addGroup();
+  group->setAccessibleName(tr("Torn-off notes"));
   addModes(*group);
   addSwitch(*group, keys::kWakeResurface,
             {tr("Bring back after sleep"), tr("Notes float back above your apps when the Mac wakes.")});
@@ -103,13 +104,23 @@ void NotesPane::addPrivacy() {
        tr("You still see them; Zoom, Meet, screenshots and recordings don't. Also in the menu bar menu.")},
       keys::kHideFromScreenShare, [&] { return AppNotesPrefs(defaults, center).hideFromCapture(); },
       [&defaults, &center](bool isOn) { AppNotesPrefs(defaults, center).setHideFromCapture(isOn); });
-  const auto exclusion = services().capture.exclusion();
-  hide->addLine(exclusionText(exclusion),
-                exclusion == CaptureExclusion::NotAvailable ? tokens::kAmber : tokens::kText2);
+  m_exclusion = hide->addLine({}, tokens::kText2);
+  refreshExclusion();
 
   auto* own = new SettingsRow(tr("Private notes"), tr("Tap the lock in a note's editor to hide just that note."), group);
   own->setSymbol(u"lock"_s, tokens::kPrivate);
   group->addRow(own);
+}
+
+void NotesPane::refreshExclusion() {
+  const auto exclusion = services().capture.exclusion();
+  m_exclusion->setText(exclusionText(exclusion));
+  m_exclusion->setColor(exclusion == CaptureExclusion::NotAvailable ? tokens::kAmber : tokens::kText2);
+}
+
+void NotesPane::showEvent(QShowEvent* event) {
+  SettingsPane::showEvent(event);
+  refreshExclusion();
 }
 
 void NotesPane::addPaper() {

@@ -6,17 +6,26 @@
 
 namespace tarnwick {
 
+class SettingsText;
+
 class NotesPane final : public SettingsPane {
   Q_OBJECT
 
  public:
   NotesPane(const SettingsServices& services, QWidget* parent);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void addTornOffNotes();
   void addModes(SettingsGroup& group);
   void addPrivacy();
   void addPaper();
+  /// What the desktop can keep out of captures may change while the program runs.
+  void refreshExclusion();
+
+  SettingsText* m_exclusion = nullptr;
 };
 
 }  // namespace tarnwick

@@ -8,6 +8,7 @@
 #include "settings/SettingsRow.h"
 
 #include <QLabel>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace tarnwick {
@@ -26,6 +27,7 @@ void SettingsPane::addHeading(const QString& text) {
   auto colors = heading->palette();
   colors.setColor(QPalette::WindowText, QColor(tokens::kText3));
   heading->setPalette(colors);
+  heading->setAlignment(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute | Qt::AlignVCenter);
   heading->setContentsMargins(4, m_column->count() == 0 ? 0 : 12, 4, 6);
   m_column->addWidget(heading);
 }

@@ -50,7 +50,9 @@ void SettingsRow::setSymbol(const QString& symbol, QRgb color) {
 }
 
 void SettingsRow::setControl(QWidget* control, int overhang) {
-  m_row->setContentsMargins(13, 9, 13 - overhang, 9);
+  // Margins are not mirrored by themselves.
+  const bool isMirrored = isRightToLeft();
+  m_row->setContentsMargins(13 - (isMirrored ? overhang : 0), 9, 13 - (isMirrored ? 0 : overhang), 9);
   m_row->addWidget(control, 0, Qt::AlignVCenter);
 }
 

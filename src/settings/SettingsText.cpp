@@ -3,6 +3,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QStyle>
 #include <QTextLayout>
 
 #include <cmath>
@@ -14,6 +15,8 @@ namespace {
 /// Breaks the text into lines of the width; the layout's own line positions are not used.
 int breakLines(QTextLayout& layout, double width, Qt::Alignment alignment) {
   QTextOption option(alignment);
+  // The direction is the text's own; on which side it stands is the caller's choice.
+  option.setTextDirection(layout.text().isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   layout.setTextOption(option);
   layout.beginLayout();
@@ -73,6 +76,11 @@ SettingsText::SettingsText(const QString& text, tokens::Type role, QRgb color, Q
 
 void SettingsText::setAlignment(Qt::Alignment alignment) { QLabel::setAlignment(alignment); }
 
+void SettingsText::setColor(QRgb color) {
+  m_color = QColor(color);
+  update();
+}
+
 int SettingsText::heightForWidth(int width) const {
   return static_cast<int>(std::ceil(paragraphHeight(text(), m_role, width)));
 }
@@ -87,7 +95,8 @@ QSize SettingsText::minimumSizeHint() const { return {40, sizeHint().height()}; 
 void SettingsText::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setPen(m_color);
-  paintParagraph(painter, rect(), text(), m_role, alignment() & Qt::AlignHorizontal_Mask);
+  paintParagraph(painter, rect(), text(), m_role,
+                 QStyle::visualAlignment(layoutDirection(), alignment() & Qt::AlignHorizontal_Mask) | Qt::AlignAbsolute);
 }
 
 }  // namespace tarnwick

@@ -14,6 +14,7 @@ class SettingsText final : public QLabel {
  public:
   SettingsText(const QString& text, tokens::Type role, QRgb color, QWidget* parent = nullptr);
   void setAlignment(Qt::Alignment alignment);
+  void setColor(QRgb color);
 
   [[nodiscard]] int heightForWidth(int width) const override;
   [[nodiscard]] QSize sizeHint() const override;

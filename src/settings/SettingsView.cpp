@@ -121,6 +121,12 @@ void SettingsView::fitHeight() {
   setFixedSize(kWidth, std::min(wanted, most));
 }
 
+void SettingsView::showEvent(QShowEvent* event) {
+  // The screen may be another one than last time.
+  fitHeight();
+  QWidget::showEvent(event);
+}
+
 bool SettingsView::eventFilter(QObject* watched, QEvent* event) {
   const bool isCurrent = watched == m_content->panes[m_content->index()];
   // A line came or went, the login item's error for one.

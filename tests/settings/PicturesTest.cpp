@@ -102,6 +102,19 @@ TEST_F(Pictures, theMenuOfAPickerAndTheRingOfTheKeyboard) {
   keep(window, u"sound-focus"_s);
 }
 
+TEST_F(Pictures, panesReadFromTheRight) {
+  QApplication::setLayoutDirection(Qt::RightToLeft);
+  for (const auto& [pane, name] : {std::pair{SettingsView::Pane::General, u"rtl-general"_s},
+                                   {SettingsView::Pane::Notes, u"rtl-notes"_s},
+                                   {SettingsView::Pane::About, u"rtl-about"_s}}) {
+    keep(open(pane), name);
+  }
+  open(SettingsView::Pane::General);
+  const auto& control = button(u"Daily Burn"_s);
+  EXPECT_LT(control.mapTo(view.get(), QPoint()).x(), 100) << "switches stand at the left";
+  QApplication::setLayoutDirection(Qt::LeftToRight);
+}
+
 class WelcomePictures : public testing::Test {
  protected:
   ManualTime time;

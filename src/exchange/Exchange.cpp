@@ -25,9 +25,12 @@ std::optional<ExchangeFormat> exchangeFormatFromName(const QString& name) {
 
 QByteArray writeExport(const NoteExport& content, ExchangeFormat format, const Calendar& calendar) {
   switch (format) {
-    case ExchangeFormat::Json: return JsonExchange::write(content, calendar);
-    case ExchangeFormat::Markdown: return MarkdownExchange::write(content.tasks, calendar);
-    case ExchangeFormat::Ics: return IcsExchange::write(content.tasks, calendar);
+    case ExchangeFormat::Json:
+      return JsonExchange::write(content, calendar);
+    case ExchangeFormat::Markdown:
+      return MarkdownExchange::write(content.tasks, calendar);
+    case ExchangeFormat::Ics:
+      return IcsExchange::write(content.tasks, calendar);
   }
   return {};
 }
@@ -42,8 +45,9 @@ Result<NoteExport> readExport(const QByteArray& bytes, const Calendar& calendar,
 
   const auto start = text.left(4096).trimmed();
   if (start.startsWith(u'{') || start.startsWith(u'[')) return JsonExchange::read(body, calendar);
-  auto tasks = start.startsWith("BEGIN:VCALENDAR"_L1, Qt::CaseInsensitive) ? IcsExchange::read(body, calendar, now)
-                                                                            : MarkdownExchange::read(body, calendar, now);
+  auto tasks = start.startsWith("BEGIN:VCALENDAR"_L1, Qt::CaseInsensitive)
+                   ? IcsExchange::read(body, calendar, now)
+                   : MarkdownExchange::read(body, calendar, now);
   if (!tasks) return tasks.error();
   return NoteExport{tasks.take(), {}};
 }

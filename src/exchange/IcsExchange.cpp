@@ -21,7 +21,9 @@ namespace {
 constexpr QLatin1StringView kFacts("X-TARNWICK-NOTE");
 constexpr std::array kDayNames{"MO", "TU", "WE", "TH", "FR", "SA", "SU"};
 
-QString translated(const char* text) { return QCoreApplication::translate("Exchange", text); }
+QString translated(const char* text) {
+  return QCoreApplication::translate("Exchange", text);
+}
 
 /// Nothing where four digits do not hold the year.
 std::optional<QString> utcText(const QDateTime& moment) {
@@ -30,7 +32,9 @@ std::optional<QString> utcText(const QDateTime& moment) {
   return utc.toString(u"yyyyMMdd'T'HHmmss'Z'"_s);
 }
 
-QDateTime wholeSeconds(const QDateTime& moment) { return moment.addMSecs(-moment.time().msec()); }
+QDateTime wholeSeconds(const QDateTime& moment) {
+  return moment.addMSecs(-moment.time().msec());
+}
 
 QString workingDays(const Calendar& calendar) {
   QStringList days;
@@ -40,12 +44,18 @@ QString workingDays(const Calendar& calendar) {
 
 QString repeatRule(Recurrence recurrence, const Calendar& calendar) {
   switch (recurrence) {
-    case Recurrence::none: return {};
-    case Recurrence::daily: return u"FREQ=DAILY"_s;
-    case Recurrence::weekdays: return u"FREQ=WEEKLY;BYDAY="_s + workingDays(calendar);
-    case Recurrence::weekly: return u"FREQ=WEEKLY"_s;
-    case Recurrence::every3Days: return u"FREQ=DAILY;INTERVAL=3"_s;
-    case Recurrence::monthly: return u"FREQ=MONTHLY"_s;
+    case Recurrence::none:
+      return {};
+    case Recurrence::daily:
+      return u"FREQ=DAILY"_s;
+    case Recurrence::weekdays:
+      return u"FREQ=WEEKLY;BYDAY="_s + workingDays(calendar);
+    case Recurrence::weekly:
+      return u"FREQ=WEEKLY"_s;
+    case Recurrence::every3Days:
+      return u"FREQ=DAILY;INTERVAL=3"_s;
+    case Recurrence::monthly:
+      return u"FREQ=MONTHLY"_s;
   }
   return {};
 }
@@ -67,10 +77,9 @@ Recurrence recurrenceOf(const QString& rule, const Calendar& calendar) {
 
 /// The text survives as a value of the format when it is made of characters that the format allows.
 bool isPlain(const QString& text) {
-  return std::none_of(text.begin(), text.end(),
-                      [](QChar c) {
-                        return (c.unicode() < 0x20 && c != u'\n' && c != u'\t') || c.unicode() == 0x7F;
-                      }) &&
+  return std::none_of(
+             text.begin(), text.end(),
+             [](QChar c) { return (c.unicode() < 0x20 && c != u'\n' && c != u'\t') || c.unicode() == 0x7F; }) &&
          QString::fromUtf8(text.toUtf8()) == text;
 }
 
@@ -103,7 +112,8 @@ QByteArray todo(const TaskRecord& record, const Calendar& calendar) {
   result += ics::line(u"STATUS"_s, record.isCompleted ? u"COMPLETED"_s
                                    : task.isBurned()  ? u"CANCELLED"_s
                                                       : u"NEEDS-ACTION"_s);
-  if (const auto moment = record.completedAt ? utcText(*record.completedAt) : std::nullopt; moment && record.isCompleted)
+  if (const auto moment = record.completedAt ? utcText(*record.completedAt) : std::nullopt;
+      moment && record.isCompleted)
     result += ics::line(u"COMPLETED"_s, *moment);
   result += ics::line(u"CATEGORIES"_s, ics::escaped(task.board()));
   if (task.isPrivate()) result += ics::line(u"CLASS"_s, u"PRIVATE"_s);
@@ -163,8 +173,8 @@ class Todo {
     if (due && (!record.dueDate || wholeSeconds(*record.dueDate) != *due)) record.dueDate = due;
     if (isCompleted() != record.isCompleted) {
       record.isCompleted = isCompleted();
-      record.completedAt = record.isCompleted ? moment(u"COMPLETED"_s, calendar).value_or(now)
-                                              : std::optional<QDateTime>();
+      record.completedAt =
+          record.isCompleted ? moment(u"COMPLETED"_s, calendar).value_or(now) : std::optional<QDateTime>();
     }
     return std::optional(record);
   }
@@ -216,8 +226,7 @@ Result<std::vector<TaskRecord>> IcsExchange::read(const QByteArray& bytes, const
       ++number;
       auto read = current->record(calendar, now);
       current.reset();
-      if (!read)
-        return Error{ErrorKind::Damaged, translated("to-do %1: %2").arg(number).arg(read.error().text)};
+      if (!read) return Error{ErrorKind::Damaged, translated("to-do %1: %2").arg(number).arg(read.error().text)};
       if (read.value()) tasks.push_back(*read.take());
     } else if (current && !open.isEmpty() && open.last() == "VTODO"_L1) {
       current->add(property);

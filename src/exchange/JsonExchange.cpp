@@ -15,9 +15,13 @@ namespace {
 
 constexpr int kVersion = 1;
 
-QString translated(const char* text) { return QCoreApplication::translate("Exchange", text); }
+QString translated(const char* text) {
+  return QCoreApplication::translate("Exchange", text);
+}
 
-Error damaged(const QString& text) { return {ErrorKind::Damaged, text}; }
+Error damaged(const QString& text) {
+  return {ErrorKind::Damaged, text};
+}
 
 template <typename Columns, typename Record>
 QString array(const Columns& columns, const std::vector<Record>& records, const Calendar& calendar,

@@ -67,8 +67,9 @@ template <typename Columns, typename Record>
         },
         column.field);
     if (!isRead) {
-      return Error{ErrorKind::Damaged,
-                   QCoreApplication::translate("Exchange", "“%1” has a value that does not fit").arg(QString(column.name))};
+      return Error{
+          ErrorKind::Damaged,
+          QCoreApplication::translate("Exchange", "“%1” has a value that does not fit").arg(QString(column.name))};
     }
   }
   return {};

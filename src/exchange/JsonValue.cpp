@@ -11,7 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString escape(char16_t unit) { return u"\\u%1"_s.arg(static_cast<unsigned>(unit), 4, 16, QLatin1Char('0')); }
+QString escape(char16_t unit) {
+  return u"\\u%1"_s.arg(static_cast<unsigned>(unit), 4, 16, QLatin1Char('0'));
+}
 
 }  // namespace
 
@@ -23,11 +25,21 @@ QString quoted(const QString& text) {
     const auto unit = text[i];
     const bool isPair = unit.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
     switch (unit.unicode()) {
-      case u'"': result += u"\\\""_s; break;
-      case u'\\': result += u"\\\\"_s; break;
-      case u'\n': result += u"\\n"_s; break;
-      case u'\r': result += u"\\r"_s; break;
-      case u'\t': result += u"\\t"_s; break;
+      case u'"':
+        result += u"\\\""_s;
+        break;
+      case u'\\':
+        result += u"\\\\"_s;
+        break;
+      case u'\n':
+        result += u"\\n"_s;
+        break;
+      case u'\r':
+        result += u"\\r"_s;
+        break;
+      case u'\t':
+        result += u"\\t"_s;
+        break;
       default:
         if (isPair) {
           result += unit;
@@ -61,10 +73,18 @@ QString written(const QDateTime& moment, const Calendar& calendar) {
   return text ? u'"' + *text + u'"' : QString::number(moment.toMSecsSinceEpoch());
 }
 
-QString written(const QUuid& id, const Calendar&) { return u'"' + idText(id) + u'"'; }
-QString written(const QString& text, const Calendar&) { return quoted(text); }
-QString written(bool isSet, const Calendar&) { return isSet ? u"true"_s : u"false"_s; }
-QString written(qint64 number, const Calendar&) { return QString::number(number); }
+QString written(const QUuid& id, const Calendar&) {
+  return u'"' + idText(id) + u'"';
+}
+QString written(const QString& text, const Calendar&) {
+  return quoted(text);
+}
+QString written(bool isSet, const Calendar&) {
+  return isSet ? u"true"_s : u"false"_s;
+}
+QString written(qint64 number, const Calendar&) {
+  return QString::number(number);
+}
 
 bool read(const QJsonValue& value, const Calendar& calendar, QDateTime& target) {
   qint64 number = 0;

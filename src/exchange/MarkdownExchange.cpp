@@ -22,7 +22,9 @@ constexpr QLatin1StringView kCommentBegin("  <!-- tarnwick ");
 constexpr QLatin1StringView kCommentEnd(" -->");
 constexpr QLatin1StringView kDue("  *Due ");
 
-QString translated(const char* text) { return QCoreApplication::translate("Exchange", text); }
+QString translated(const char* text) {
+  return QCoreApplication::translate("Exchange", text);
+}
 
 /// What a text line could be taken for once it is indented: a comment of ours. A backslash keeps them apart.
 bool looksLikeComment(QStringView line) {
@@ -31,7 +33,9 @@ bool looksLikeComment(QStringView line) {
   return line.mid(at).startsWith("<!-- tarnwick "_L1);
 }
 
-QString escaped(const QString& line) { return looksLikeComment(line) ? u'\\' + line : line; }
+QString escaped(const QString& line) {
+  return looksLikeComment(line) ? u'\\' + line : line;
+}
 
 QString unescaped(const QString& line) {
   return line.startsWith(u'\\') && looksLikeComment(line) ? line.mid(1) : line;
@@ -83,9 +87,8 @@ QString item(const TaskRecord& task, const Calendar& calendar) {
     const auto wall = calendar.local(*task.dueDate);
     text += kDue + wall.toString(wall.time() == QTime(0, 0) ? u"yyyy-MM-dd"_s : u"yyyy-MM-dd HH:mm"_s) + u"*\n"_s;
   }
-  auto facts = survives(task.text)
-                   ? json::object(kTaskColumns, task, calendar, {"text"_L1, "isCompleted"_L1})
-                   : json::object(kTaskColumns, task, calendar, {"isCompleted"_L1});
+  auto facts = survives(task.text) ? json::object(kTaskColumns, task, calendar, {"text"_L1, "isCompleted"_L1})
+                                   : json::object(kTaskColumns, task, calendar, {"isCompleted"_L1});
   // Inside strings only, and there they would end the comment.
   facts.replace("--"_L1, "-\\u002d"_L1);
   return text + kCommentBegin + facts + kCommentEnd + u'\n';

@@ -5,9 +5,13 @@
 
 namespace tarnwick {
 
-bool AppNotesPrefs::tuck() const { return m_defaults.booleanOrOn(keys::kAppNotesTuck); }
+bool AppNotesPrefs::tuck() const {
+  return m_defaults.booleanOrOn(keys::kAppNotesTuck);
+}
 
-bool AppNotesPrefs::hideFromCapture() const { return m_defaults.boolean(keys::kHideFromScreenShare); }
+bool AppNotesPrefs::hideFromCapture() const {
+  return m_defaults.boolean(keys::kHideFromScreenShare);
+}
 
 void AppNotesPrefs::setHideFromCapture(bool isHidden) {
   // A file that cannot be written leaves the choice in force for this run.

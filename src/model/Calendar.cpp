@@ -42,7 +42,9 @@ QDateTime Calendar::at(QDate day, QTime time) const {
   return QDateTime::fromMSecsSinceEpoch(transition(m_zone, std::min(early, late), std::max(early, late)), Qt::UTC);
 }
 
-QDateTime Calendar::startOfDay(QDate day) const { return at(day, QTime(0, 0)); }
+QDateTime Calendar::startOfDay(QDate day) const {
+  return at(day, QTime(0, 0));
+}
 
 QDateTime Calendar::addDays(const QDateTime& moment, int days) const {
   const auto wall = local(moment);

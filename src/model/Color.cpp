@@ -10,7 +10,9 @@ namespace {
 
 constexpr double kInkFraction = 0.78;
 
-bool isAlphanumeric(char32_t character) { return QChar::isLetterOrNumber(character) || QChar::isMark(character); }
+bool isAlphanumeric(char32_t character) {
+  return QChar::isLetterOrNumber(character) || QChar::isMark(character);
+}
 
 int hexDigit(char32_t character) {
   if (character >= U'0' && character <= U'9') return static_cast<int>(character - U'0');
@@ -70,9 +72,9 @@ QColor Color::blend(const QColor& from, const QColor& to, double fraction) {
 
 QString paperColorName(const QString& paperHex) {
   static constexpr std::array kNames{
-      QT_TRANSLATE_NOOP("PaperColor", "Lemon"), QT_TRANSLATE_NOOP("PaperColor", "Coral"),
+      QT_TRANSLATE_NOOP("PaperColor", "Lemon"),   QT_TRANSLATE_NOOP("PaperColor", "Coral"),
       QT_TRANSLATE_NOOP("PaperColor", "Apricot"), QT_TRANSLATE_NOOP("PaperColor", "Mint"),
-      QT_TRANSLATE_NOOP("PaperColor", "Sky"), QT_TRANSLATE_NOOP("PaperColor", "Cobalt"),
+      QT_TRANSLATE_NOOP("PaperColor", "Sky"),     QT_TRANSLATE_NOOP("PaperColor", "Cobalt"),
       QT_TRANSLATE_NOOP("PaperColor", "Orchid")};
   for (std::size_t i = 0; i < kPaperPalette.size(); ++i) {
     if (Color::fromHex(paperHex) == Color::fromHex(kPaperPalette[i]))

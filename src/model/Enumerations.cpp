@@ -55,17 +55,30 @@ QString rawValueOf(E value) {
 
 }  // namespace
 
-QString rawValue(TaskTag tag) { return rawValueOf(tag); }
-QString rawValue(Recurrence recurrence) { return rawValueOf(recurrence); }
-QString rawValue(PaperTheme theme) { return rawValueOf(theme); }
-QString rawValue(TaskStamp stamp) { return rawValueOf(stamp); }
-QString rawValue(NoteDisplayMode mode) { return rawValueOf(mode); }
-QString rawValue(BoardMood mood) { return rawValueOf(mood); }
+QString rawValue(TaskTag tag) {
+  return rawValueOf(tag);
+}
+QString rawValue(Recurrence recurrence) {
+  return rawValueOf(recurrence);
+}
+QString rawValue(PaperTheme theme) {
+  return rawValueOf(theme);
+}
+QString rawValue(TaskStamp stamp) {
+  return rawValueOf(stamp);
+}
+QString rawValue(NoteDisplayMode mode) {
+  return rawValueOf(mode);
+}
+QString rawValue(BoardMood mood) {
+  return rawValueOf(mood);
+}
 
 template <typename E>
 std::optional<E> fromRawValue(const QString& raw) {
   const auto& names = Names<E>::kRaw;
-  const auto found = std::find_if(names.begin(), names.end(), [&](const char* name) { return raw == QLatin1StringView(name); });
+  const auto found =
+      std::find_if(names.begin(), names.end(), [&](const char* name) { return raw == QLatin1StringView(name); });
   if (found == names.end()) return std::nullopt;
   return Names<E>::kCases.at(static_cast<std::size_t>(found - names.begin()));
 }
@@ -86,45 +99,66 @@ std::optional<GlassVariant> glassVariantFromRawValue(int raw) {
 
 QString label(Recurrence recurrence) {
   switch (recurrence) {
-    case Recurrence::none: return QCoreApplication::translate("Recurrence", "Does not repeat");
-    case Recurrence::daily: return QCoreApplication::translate("Recurrence", "Every day");
-    case Recurrence::weekdays: return QCoreApplication::translate("Recurrence", "Every weekday");
-    case Recurrence::weekly: return QCoreApplication::translate("Recurrence", "Every week");
-    case Recurrence::every3Days: return QCoreApplication::translate("Recurrence", "Every 3 days");
-    case Recurrence::monthly: return QCoreApplication::translate("Recurrence", "Every month");
+    case Recurrence::none:
+      return QCoreApplication::translate("Recurrence", "Does not repeat");
+    case Recurrence::daily:
+      return QCoreApplication::translate("Recurrence", "Every day");
+    case Recurrence::weekdays:
+      return QCoreApplication::translate("Recurrence", "Every weekday");
+    case Recurrence::weekly:
+      return QCoreApplication::translate("Recurrence", "Every week");
+    case Recurrence::every3Days:
+      return QCoreApplication::translate("Recurrence", "Every 3 days");
+    case Recurrence::monthly:
+      return QCoreApplication::translate("Recurrence", "Every month");
   }
   return {};
 }
 
 QString label(PaperTheme theme) {
   switch (theme) {
-    case PaperTheme::plain: return QCoreApplication::translate("PaperTheme", "Plain Paper");
-    case PaperTheme::graph: return QCoreApplication::translate("PaperTheme", "Graph Paper");
-    case PaperTheme::lined: return QCoreApplication::translate("PaperTheme", "Lined Notebook");
-    case PaperTheme::parchment: return QCoreApplication::translate("PaperTheme", "Parchment");
-    case PaperTheme::construction: return QCoreApplication::translate("PaperTheme", "Dark Craft");
+    case PaperTheme::plain:
+      return QCoreApplication::translate("PaperTheme", "Plain Paper");
+    case PaperTheme::graph:
+      return QCoreApplication::translate("PaperTheme", "Graph Paper");
+    case PaperTheme::lined:
+      return QCoreApplication::translate("PaperTheme", "Lined Notebook");
+    case PaperTheme::parchment:
+      return QCoreApplication::translate("PaperTheme", "Parchment");
+    case PaperTheme::construction:
+      return QCoreApplication::translate("PaperTheme", "Dark Craft");
   }
   return {};
 }
 
 QString label(TaskStamp stamp) {
   switch (stamp) {
-    case TaskStamp::none: return QCoreApplication::translate("TaskStamp", "No Stamp");
-    case TaskStamp::urgent: return QCoreApplication::translate("TaskStamp", "URGENT");
-    case TaskStamp::focus: return QCoreApplication::translate("TaskStamp", "FOCUS");
-    case TaskStamp::priority: return QCoreApplication::translate("TaskStamp", "PRIORITY");
-    case TaskStamp::star: return QCoreApplication::translate("TaskStamp", "STAR");
-    case TaskStamp::idea: return QCoreApplication::translate("TaskStamp", "IDEA");
-    case TaskStamp::approved: return QCoreApplication::translate("TaskStamp", "APPROVED");
+    case TaskStamp::none:
+      return QCoreApplication::translate("TaskStamp", "No Stamp");
+    case TaskStamp::urgent:
+      return QCoreApplication::translate("TaskStamp", "URGENT");
+    case TaskStamp::focus:
+      return QCoreApplication::translate("TaskStamp", "FOCUS");
+    case TaskStamp::priority:
+      return QCoreApplication::translate("TaskStamp", "PRIORITY");
+    case TaskStamp::star:
+      return QCoreApplication::translate("TaskStamp", "STAR");
+    case TaskStamp::idea:
+      return QCoreApplication::translate("TaskStamp", "IDEA");
+    case TaskStamp::approved:
+      return QCoreApplication::translate("TaskStamp", "APPROVED");
   }
   return {};
 }
 
 QString label(NoteDisplayMode mode) {
   switch (mode) {
-    case NoteDisplayMode::alwaysOnTop: return QCoreApplication::translate("NoteDisplayMode", "Always on Top");
-    case NoteDisplayMode::desktop: return QCoreApplication::translate("NoteDisplayMode", "Desktop");
-    case NoteDisplayMode::mouseThrough: return QCoreApplication::translate("NoteDisplayMode", "Ghost");
+    case NoteDisplayMode::alwaysOnTop:
+      return QCoreApplication::translate("NoteDisplayMode", "Always on Top");
+    case NoteDisplayMode::desktop:
+      return QCoreApplication::translate("NoteDisplayMode", "Desktop");
+    case NoteDisplayMode::mouseThrough:
+      return QCoreApplication::translate("NoteDisplayMode", "Ghost");
   }
   return {};
 }
@@ -145,13 +179,20 @@ QString description(NoteDisplayMode mode) {
 
 QColor tintColor(TaskStamp stamp) {
   switch (stamp) {
-    case TaskStamp::none: return QColor(0, 0, 0, 0);
-    case TaskStamp::urgent: return Color::fromHex(u"#B91C1C"_s);
-    case TaskStamp::focus: return Color::fromHex(u"#1E3A8A"_s);
-    case TaskStamp::priority: return Color::fromHex(u"#92400E"_s);
-    case TaskStamp::star: return Color::fromHex(u"#6B21A8"_s);
-    case TaskStamp::idea: return Color::fromHex(u"#7C2D12"_s);
-    case TaskStamp::approved: return Color::fromHex(u"#14532D"_s);
+    case TaskStamp::none:
+      return QColor(0, 0, 0, 0);
+    case TaskStamp::urgent:
+      return Color::fromHex(u"#B91C1C"_s);
+    case TaskStamp::focus:
+      return Color::fromHex(u"#1E3A8A"_s);
+    case TaskStamp::priority:
+      return Color::fromHex(u"#92400E"_s);
+    case TaskStamp::star:
+      return Color::fromHex(u"#6B21A8"_s);
+    case TaskStamp::idea:
+      return Color::fromHex(u"#7C2D12"_s);
+    case TaskStamp::approved:
+      return Color::fromHex(u"#14532D"_s);
   }
   return QColor(0, 0, 0, 0);
 }

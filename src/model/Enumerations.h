@@ -22,8 +22,8 @@ inline constexpr std::array kTaskTags{TaskTag::none,  TaskTag::red,  TaskTag::or
                                       TaskTag::green, TaskTag::blue, TaskTag::pink};
 inline constexpr std::array kRecurrences{Recurrence::none,   Recurrence::daily,      Recurrence::weekdays,
                                          Recurrence::weekly, Recurrence::every3Days, Recurrence::monthly};
-inline constexpr std::array kPaperThemes{PaperTheme::plain, PaperTheme::graph, PaperTheme::lined,
-                                         PaperTheme::parchment, PaperTheme::construction};
+inline constexpr std::array kPaperThemes{PaperTheme::plain, PaperTheme::graph, PaperTheme::lined, PaperTheme::parchment,
+                                         PaperTheme::construction};
 inline constexpr std::array kTaskStamps{TaskStamp::none, TaskStamp::urgent, TaskStamp::focus,   TaskStamp::priority,
                                         TaskStamp::star, TaskStamp::idea,   TaskStamp::approved};
 inline constexpr std::array kNoteDisplayModes{NoteDisplayMode::alwaysOnTop, NoteDisplayMode::desktop,

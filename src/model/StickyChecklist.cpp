@@ -36,7 +36,9 @@ QString trimmed(const QString& text) {
   return text.mid(begin, end - begin);
 }
 
-bool hasMarker(const QString& line) { return line.contains(kOpen) || StickyChecklist::isDoneLine(line); }
+bool hasMarker(const QString& line) {
+  return line.contains(kOpen) || StickyChecklist::isDoneLine(line);
+}
 
 }  // namespace
 
@@ -57,9 +59,13 @@ bool StickyChecklist::hasChecklist(const QString& text) {
   return std::any_of(all.begin(), all.end(), isChecklistLine);
 }
 
-bool StickyChecklist::isChecklistLine(const QString& line) { return hasMarker(line); }
+bool StickyChecklist::isChecklistLine(const QString& line) {
+  return hasMarker(line);
+}
 
-bool StickyChecklist::isDoneLine(const QString& line) { return line.contains(kDone) || line.contains(kDoneUpper); }
+bool StickyChecklist::isDoneLine(const QString& line) {
+  return line.contains(kDone) || line.contains(kDoneUpper);
+}
 
 QString StickyChecklist::ensureChecklist(const QString& text) {
   if (trimmed(text).isEmpty()) return kFreshItem;

@@ -21,7 +21,9 @@ QDateTime nearer(const QDateTime& base, const QDateTime& limit, Recurrence recur
 
 }  // namespace
 
-QString idText(const QUuid& id) { return id.toString(QUuid::WithoutBraces).toUpper(); }
+QString idText(const QUuid& id) {
+  return id.toString(QUuid::WithoutBraces).toUpper();
+}
 
 Recurrence Task::recurrence() const {
   return fromRawValue<Recurrence>(m_record.recurrenceRaw).value_or(Recurrence::none);
@@ -48,8 +50,11 @@ void Task::restore(const TaskRecord& record) {
 std::optional<QDateTime> Task::nextDate(const QDateTime& from, Recurrence recurrence, const Calendar& calendar) {
   QDateTime next;
   switch (recurrence) {
-    case Recurrence::none: return std::nullopt;
-    case Recurrence::daily: next = calendar.addDays(from, 1); break;
+    case Recurrence::none:
+      return std::nullopt;
+    case Recurrence::daily:
+      next = calendar.addDays(from, 1);
+      break;
     case Recurrence::weekdays: {
       next = calendar.addDays(from, 1);
       if (!next.isValid()) return from;
@@ -61,9 +66,15 @@ std::optional<QDateTime> Task::nextDate(const QDateTime& from, Recurrence recurr
       }
       break;
     }
-    case Recurrence::weekly: next = calendar.addDays(from, 7); break;
-    case Recurrence::every3Days: next = calendar.addDays(from, 3); break;
-    case Recurrence::monthly: next = calendar.addMonths(from, 1); break;
+    case Recurrence::weekly:
+      next = calendar.addDays(from, 7);
+      break;
+    case Recurrence::every3Days:
+      next = calendar.addDays(from, 3);
+      break;
+    case Recurrence::monthly:
+      next = calendar.addMonths(from, 1);
+      break;
   }
   if (!next.isValid()) return std::nullopt;
   return next;

@@ -81,7 +81,7 @@ class Task final {
 
   /// Changes one field; tells the observer when the value is another.
   template <typename T>
-  void set(T TaskRecord::* field, std::type_identity_t<T> value) {
+  void set(T TaskRecord::*field, std::type_identity_t<T> value) {
     if (m_record.*field == value) return;
     m_record.*field = std::move(value);
     if (m_changed) m_changed(*this);

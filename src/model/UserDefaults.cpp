@@ -69,7 +69,9 @@ void UserDefaults::read(const Clock& clock) {
   m_isReplaceable = QFile::rename(m_path, nameForDamaged(m_path, clock));
 }
 
-void UserDefaults::registerDefault(const QString& key, const QJsonValue& value) { m_registered.insert(key, value); }
+void UserDefaults::registerDefault(const QString& key, const QJsonValue& value) {
+  m_registered.insert(key, value);
+}
 
 QJsonValue UserDefaults::object(const QString& key) const {
   const auto found = m_stored.constFind(key);
@@ -81,9 +83,13 @@ QJsonValue UserDefaults::stored(const QString& key) const {
   return m_stored.value(key, QJsonValue(QJsonValue::Undefined));
 }
 
-bool UserDefaults::boolean(const QString& key) const { return object(key).toBool(false); }
+bool UserDefaults::boolean(const QString& key) const {
+  return object(key).toBool(false);
+}
 
-bool UserDefaults::booleanOrOn(const QString& key) const { return object(key).toBool(true); }
+bool UserDefaults::booleanOrOn(const QString& key) const {
+  return object(key).toBool(true);
+}
 
 std::optional<QString> UserDefaults::text(const QString& key) const {
   const auto value = object(key);
@@ -116,9 +122,13 @@ QStringList UserDefaults::storedKeys() const {
   return list;
 }
 
-Result<void> UserDefaults::setBoolean(const QString& key, bool value) { return set(key, value); }
+Result<void> UserDefaults::setBoolean(const QString& key, bool value) {
+  return set(key, value);
+}
 
-Result<void> UserDefaults::setText(const QString& key, const QString& value) { return set(key, value); }
+Result<void> UserDefaults::setText(const QString& key, const QString& value) {
+  return set(key, value);
+}
 
 Result<void> UserDefaults::setDate(const QString& key, const QDateTime& value) {
   return set(key, value.toUTC().toString(Qt::ISODateWithMs));
@@ -164,9 +174,9 @@ Result<void> UserDefaults::write() const {
                          file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) &&
                          file.write(bytes) == bytes.size() && file.commit();
   if (isWritten) return {};
-  const auto kind = errno == ENOSPC || errno == EDQUOT                      ? ErrorKind::Full
+  const auto kind = errno == ENOSPC || errno == EDQUOT                    ? ErrorKind::Full
                     : errno == EACCES || errno == EPERM || errno == EROFS ? ErrorKind::NotPermitted
-                                                                            : ErrorKind::Failed;
+                                                                          : ErrorKind::Failed;
   return failed(kind, file.errorString());
 }
 

@@ -78,10 +78,17 @@ TEST(Exchange, damagedFilesAreAnErrorOrNotesButNeverACrash) {
         if (bytes.isEmpty()) break;
         const auto at = random.bounded(bytes.size());
         switch (random.bounded(4)) {
-          case 0: bytes[at] = static_cast<char>(random.bounded(128)); break;
-          case 1: bytes.remove(at, random.bounded(40)); break;
-          case 2: bytes.insert(at, bytes.mid(random.bounded(bytes.size()), 30)); break;
-          default: bytes.truncate(at + 1);
+          case 0:
+            bytes[at] = static_cast<char>(random.bounded(128));
+            break;
+          case 1:
+            bytes.remove(at, random.bounded(40));
+            break;
+          case 2:
+            bytes.insert(at, bytes.mid(random.bounded(bytes.size()), 30));
+            break;
+          default:
+            bytes.truncate(at + 1);
         }
       }
       const auto read = readExport(bytes, berlin(), importTime());

@@ -13,14 +13,17 @@ Result<std::vector<TaskRecord>> read(const QByteArray& bytes, const Calendar& ca
 }
 
 TaskRecord onlyNote(const QByteArray& todo, const Calendar& calendar = berlin()) {
-  const auto result = read("BEGIN:VCALENDAR\r\nBEGIN:VTODO\r\n" + todo + "\r\nEND:VTODO\r\nEND:VCALENDAR\r\n", calendar);
+  const auto result =
+      read("BEGIN:VCALENDAR\r\nBEGIN:VTODO\r\n" + todo + "\r\nEND:VTODO\r\nEND:VCALENDAR\r\n", calendar);
   EXPECT_TRUE(result) << (result ? "" : result.error().text.toStdString());
   EXPECT_EQ(result ? result.value().size() : 0, 1U);
   return result && result.value().size() == 1 ? result.value()[0] : TaskRecord();
 }
 
 /// The file without its folds.
-QByteArray unfolded(QByteArray bytes) { return bytes.replace("\r\n ", ""); }
+QByteArray unfolded(QByteArray bytes) {
+  return bytes.replace("\r\n ", "");
+}
 
 TEST(IcsExchange, carriesEveryFieldOfEveryNote) {
   const auto notes = awkwardNotes();
@@ -122,8 +125,9 @@ TEST(IcsExchange, understandsRulesAndTimesOfOthersAsFarAsANoteCan) {
     EXPECT_EQ(task.recurrenceRaw, QString::fromLatin1(row.rule));
     EXPECT_EQ(task.dueDate, utc(row.due));
   }
-  EXPECT_EQ(onlyNote("SUMMARY:x\r\nDUE:20260304T080000Z\r\nRRULE:FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,SU", egypt).recurrenceRaw,
-            u"weekdays"_s);
+  EXPECT_EQ(
+      onlyNote("SUMMARY:x\r\nDUE:20260304T080000Z\r\nRRULE:FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,SU", egypt).recurrenceRaw,
+      u"weekdays"_s);
   EXPECT_EQ(onlyNote("SUMMARY:x\r\nDUE:2026-03-04").dueDate, std::nullopt);
 }
 

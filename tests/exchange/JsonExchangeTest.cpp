@@ -18,10 +18,11 @@ TEST(JsonExchange, writesANoteInTheFieldsOrderWithoutAbsentOnes) {
   record.dueDate = utc("2026-07-01T07:00:00");
   record.recurrenceRaw = u"fortnightly"_s;
   record.isPrivate = false;
-  EXPECT_EQ(QString::fromUtf8(JsonExchange::note(record, berlin())),
-            u"{\"id\": \"6F9619FF-8B86-D011-B42D-00CF4FC964FF\", \"text\": \"a \\\"quote\\\"\\n\", "
-            "\"colorHex\": \"#FFE169\", \"dueDate\": \"2026-07-01T09:00:00.000+02:00\", \"recurrence\": \"fortnightly\", "
-            "\"isCompleted\": false, \"createdAt\": \"2026-03-03T10:00:00.123+01:00\", \"isPrivate\": false}\n"_s);
+  EXPECT_EQ(
+      QString::fromUtf8(JsonExchange::note(record, berlin())),
+      u"{\"id\": \"6F9619FF-8B86-D011-B42D-00CF4FC964FF\", \"text\": \"a \\\"quote\\\"\\n\", "
+      "\"colorHex\": \"#FFE169\", \"dueDate\": \"2026-07-01T09:00:00.000+02:00\", \"recurrence\": \"fortnightly\", "
+      "\"isCompleted\": false, \"createdAt\": \"2026-03-03T10:00:00.123+01:00\", \"isPrivate\": false}\n"_s);
 }
 
 TEST(JsonExchange, namesAllFieldsOfAFullNote) {
@@ -113,9 +114,11 @@ TEST(JsonExchange, saysWhatIsWrong) {
       {"[3]", "tasks[0]"},
       {"[{\"id\": \"zebra\"}]", "tasks[0]: “id”"},
       {"[{\"id\": \"6F9619FF-8B86-D011-B42D-00CF4FC964FF\", \"text\": 5}]", "tasks[0]: “text”"},
-      {"[{\"id\": \"6F9619FF-8B86-D011-B42D-00CF4FC964FF\", \"text\": \"\", \"colorHex\": \"\", \"dueDate\": \"soon\"}]",
+      {"[{\"id\": \"6F9619FF-8B86-D011-B42D-00CF4FC964FF\", \"text\": \"\", \"colorHex\": \"\", \"dueDate\": "
+       "\"soon\"}]",
        "tasks[0]: “dueDate”"},
-      {"[{\"id\": \"6F9619FF-8B86-D011-B42D-00CF4FC964FF\", \"text\": \"\", \"colorHex\": \"\", \"recurrence\": \"none\","
+      {"[{\"id\": \"6F9619FF-8B86-D011-B42D-00CF4FC964FF\", \"text\": \"\", \"colorHex\": \"\", \"recurrence\": "
+       "\"none\","
        "\"isCompleted\": 1}]",
        "tasks[0]: “isCompleted”"},
       {"{\"tarnwick\": 1, \"tasks\": [], \"clipboardItems\": [[]]}", "clipboardItems[0]"},
@@ -132,7 +135,7 @@ TEST(JsonExchange, takesWholeNumbersOnly) {
   const struct {
     const char* number;
     std::optional<qint64> read;
-  } rows[] = {{"12", 12}, {"12.0", 12}, {"-1", -1}, {"9223372036854775807", std::numeric_limits<qint64>::max()},
+  } rows[] = {{"12", 12},  {"12.0", 12},  {"-1", -1},     {"9223372036854775807", std::numeric_limits<qint64>::max()},
               {"1.5", {}}, {"1e300", {}}, {"\"12\"", {}}, {"true", {}}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.number);

@@ -26,8 +26,9 @@ TEST(MarkdownExchange, isAListThatReadsWellWithoutUs) {
   for (const auto& line : text.split(u'\n')) {
     if (!line.contains(u"<!--"_s)) seen.append(line);
   }
-  EXPECT_EQ(seen.join(u'\n'), u"# Tarnwick\n\n## General\n\n- [ ] Buy milk\n  - [x] oat\n  *Due 2026-03-06*\n\n"
-                              "## Work\n\n- [x] Call Ada\n  *Due 2026-03-06 09:00*\n"_s);
+  EXPECT_EQ(seen.join(u'\n'),
+            u"# Tarnwick\n\n## General\n\n- [ ] Buy milk\n  - [x] oat\n  *Due 2026-03-06*\n\n"
+            "## Work\n\n- [x] Call Ada\n  *Due 2026-03-06 09:00*\n"_s);
 }
 
 TEST(MarkdownExchange, carriesEveryFieldOfEveryNote) {
@@ -86,7 +87,8 @@ TEST(MarkdownExchange, saysWhatIsWrong) {
       {"Just a letter.\n", "no notes"},
       {"- [ ] a\n  <!-- tarnwick {\"id\": -->\n", "line 2"},
       {"\n- [ ] a\n  <!-- tarnwick {} -->\n", "line 3: “id” is missing"},
-      {"- [ ] a\n  <!-- tarnwick {\"id\": \"6F9619FF-8B86-D011-B42D-00CF4FC964FF\", \"dueDate\": true} -->", "“dueDate”"},
+      {"- [ ] a\n  <!-- tarnwick {\"id\": \"6F9619FF-8B86-D011-B42D-00CF4FC964FF\", \"dueDate\": true} -->",
+       "“dueDate”"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.text);

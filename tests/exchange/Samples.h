@@ -11,7 +11,9 @@ namespace tarnwick::test {
   return {QTimeZone("Europe/Berlin"), QLocale(QLocale::German, QLocale::Germany)};
 }
 
-[[nodiscard]] inline QDateTime importTime() { return utc("2026-03-05T12:00:00"); }
+[[nodiscard]] inline QDateTime importTime() {
+  return utc("2026-03-05T12:00:00");
+}
 
 /// Texts that a line format stumbles over.
 [[nodiscard]] inline std::vector<QString> awkwardTexts() {

@@ -13,13 +13,16 @@ using namespace Qt::StringLiterals;
 const QLocale kUs(QLocale::English, QLocale::UnitedStates);
 const QLocale kEgypt(QLocale::Arabic, QLocale::Egypt);
 
-Calendar calendarOf(const char* zone, const QLocale& locale = kUs) { return {QTimeZone(zone), locale}; }
+Calendar calendarOf(const char* zone, const QLocale& locale = kUs) {
+  return {QTimeZone(zone), locale};
+}
 
 /// Wall time with the offset: "2026-03-29T03:00 +02:00" tells the two sides of an overlap apart.
 QString shown(const QDateTime& moment, const Calendar& calendar) {
   if (!moment.isValid()) return u"invalid"_s;
-  return calendar.local(moment).toOffsetFromUtc(calendar.timeZone().offsetFromUtc(moment)).toString(
-      u"yyyy-MM-dd'T'HH:mm t"_s);
+  return calendar.local(moment)
+      .toOffsetFromUtc(calendar.timeZone().offsetFromUtc(moment))
+      .toString(u"yyyy-MM-dd'T'HH:mm t"_s);
 }
 
 /// A wall time given as text; local to the calendar.
@@ -50,7 +53,8 @@ TEST(Calendar, findsWallTimesAcrossClockChanges) {
   };
   for (const auto& row : rows) {
     const auto calendar = calendarOf(row.zone);
-    EXPECT_EQ(shown(local(QString::fromLatin1(row.wall), calendar), calendar), QString::fromLatin1(row.found)) << row.zone;
+    EXPECT_EQ(shown(local(QString::fromLatin1(row.wall), calendar), calendar), QString::fromLatin1(row.found))
+        << row.zone;
   }
 }
 
@@ -78,7 +82,8 @@ TEST(Calendar, givesUpWhereDatesEnd) {
   EXPECT_FALSE(calendar.at(QDate(), QTime(0, 0)).isValid());
   const auto last = QDateTime::fromMSecsSinceEpoch(std::numeric_limits<qint64>::max(), Qt::UTC);
   EXPECT_FALSE(calendar.addDays(last, 1).isValid());
-  EXPECT_FALSE(calendar.addDays(QDateTime::fromMSecsSinceEpoch(std::numeric_limits<qint64>::min(), Qt::UTC), -1).isValid());
+  EXPECT_FALSE(
+      calendar.addDays(QDateTime::fromMSecsSinceEpoch(std::numeric_limits<qint64>::min(), Qt::UTC), -1).isValid());
 }
 
 TEST(Calendar, weekendsAreTheLocalesOwn) {
@@ -211,8 +216,9 @@ TEST(Task, onlyRepeatingNotesSleepAndOnlyUntilTheirDay) {
     const char* rule;
     const char* due;
     bool isSleeping;
-  } rows[] = {{"daily", "2026-03-29T00:00", true},   {"daily", "2026-03-28T23:59", false}, {"daily", "", false},
-              {"none", "2026-04-10T00:00", false},   {"weekly", "2027-01-01T12:00", true}, {"odd", "2027-01-01T12:00", false}};
+  } rows[] = {
+      {"daily", "2026-03-29T00:00", true}, {"daily", "2026-03-28T23:59", false}, {"daily", "", false},
+      {"none", "2026-04-10T00:00", false}, {"weekly", "2027-01-01T12:00", true}, {"odd", "2027-01-01T12:00", false}};
   for (const auto& row : rows) {
     auto record = note();
     record.recurrenceRaw = QString::fromLatin1(row.rule);

@@ -118,9 +118,9 @@ TEST_F(SettingsTest, aDamagedFileIsSetAsideUnderItsTime) {
     const char* name;
     QByteArray bytes;
   } rows[] = {
-      {"cut off", "{\"dailyBurn\": fal"}, {"a list", "[1]"},
+      {"cut off", "{\"dailyBurn\": fal"},          {"a list", "[1]"},
       {"binary", QByteArray("\0\xff\x13\x37", 4)}, {"empty", ""},
-      {"deep", QByteArray(100000, '[')},  {"two objects", "{}{}"},
+      {"deep", QByteArray(100000, '[')},           {"two objects", "{}{}"},
   };
   m_time.setLocal(u"2026-03-03T10:11:12"_s);
   QStringList asides;
@@ -129,8 +129,8 @@ TEST_F(SettingsTest, aDamagedFileIsSetAsideUnderItsTime) {
     write(row.bytes);
     const auto defaults = launch();
     EXPECT_TRUE(defaults->boolean(keys::kDailyBurn));
-    const auto aside = m_path + u".damaged-20260303-101112"_s +
-                       (asides.isEmpty() ? u""_s : u"-%1"_s.arg(asides.size() + 1));
+    const auto aside =
+        m_path + u".damaged-20260303-101112"_s + (asides.isEmpty() ? u""_s : u"-%1"_s.arg(asides.size() + 1));
     EXPECT_EQ(bytes(aside), row.bytes);
     EXPECT_TRUE(open()->boolean(keys::kV1SellableDefaultsApplied)) << "the new file is written";
     asides.append(aside);
@@ -150,7 +150,8 @@ TEST_F(SettingsTest, whatCannotBeReadIsNotReplaced) {
 
 TEST_F(SettingsTest, theFileIsForItsOwnerAndLeavesNothingBeside) {
   const auto defaults = launch();
-  constexpr auto kOthers = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+  constexpr auto kOthers =
+      QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
   EXPECT_FALSE(QFile::permissions(m_path) & kOthers);
   EXPECT_FALSE(QFile::permissions(QFileInfo(m_path).path()) & kOthers);
   EXPECT_EQ(files(), QStringList{u"settings.json"_s});
@@ -185,8 +186,9 @@ TEST_F(SettingsTest, theTableIsCompleteAndItsFallbacksAreWhatReadersSee) {
     }
   }
   EXPECT_EQ(names.size(), 21);
-  EXPECT_EQ(names.mid(15).join(u' '), u"lastUpdateCheck dismissedUpdateVersion dockTrashFrame rememberTornNotes "
-                                      "crushTarget hotKey"_s);
+  EXPECT_EQ(names.mid(15).join(u' '),
+            u"lastUpdateCheck dismissedUpdateVersion dockTrashFrame rememberTornNotes "
+            "crushTarget hotKey"_s);
 }
 
 TEST_F(SettingsTest, pinnedNotesTuckUnlessToldOtherwise) {

@@ -40,8 +40,8 @@ TEST(StickyChecklist, labelsAreLinesWithoutMarkers) {
     QString line;
     QString label;
   } rows[] = {
-      {u"- [ ] milk"_s, u"milk"_s},       {u"  - [X]  milk\t"_s, u"milk"_s}, {u"* [x] milk"_s, u"milk"_s},
-      {u"[ ] a [x] b"_s, u"a  b"_s},      {u"* [X] milk"_s, u"*  milk"_s},   {u"plain"_s, u"plain"_s},
+      {u"- [ ] milk"_s, u"milk"_s},         {u"  - [X]  milk\t"_s, u"milk"_s}, {u"* [x] milk"_s, u"milk"_s},
+      {u"[ ] a [x] b"_s, u"a  b"_s},        {u"* [X] milk"_s, u"*  milk"_s},   {u"plain"_s, u"plain"_s},
       {u"- [ ] - [ ] twice"_s, u"twice"_s}, {u"-[ ]milk"_s, u"-milk"_s},
   };
   for (const auto& row : rows) EXPECT_EQ(StickyChecklist::label(row.line), row.label);

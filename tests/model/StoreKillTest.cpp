@@ -7,11 +7,11 @@
 
 #include <array>
 
-#include <csignal>
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <csignal>
 
 namespace tarnwick::test {
 namespace {
@@ -86,7 +86,8 @@ TEST(StoreKilledInTheMidst, holdsExactlyTheSavesThatReturnedAndAtMostTheOneUnder
   quint32 next = 1;
   for (int round = 0; round < rounds; ++round) {
     SCOPED_TRACE(round);
-    const auto last = writeUntilKilled(folder.path(), next, random.bounded(1, 60), static_cast<unsigned>(random.bounded(3000)));
+    const auto last =
+        writeUntilKilled(folder.path(), next, random.bounded(1, 60), static_cast<unsigned>(random.bounded(3000)));
     ASSERT_GE(last, next);
     for (; next <= last; ++next) state = afterStep(state, next);
     const auto found = stateOf(folder);

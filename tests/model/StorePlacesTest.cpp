@@ -22,7 +22,8 @@ using namespace Qt::StringLiterals;
 
 bool writeWhole(const char* path, const QByteArray& bytes) {
   const int file = ::open(path, O_WRONLY | O_CLOEXEC);
-  const bool isWritten = file >= 0 && ::write(file, bytes.constData(), static_cast<size_t>(bytes.size())) == bytes.size();
+  const bool isWritten =
+      file >= 0 && ::write(file, bytes.constData(), static_cast<size_t>(bytes.size())) == bytes.size();
   if (file >= 0) ::close(file);
   return isWritten;
 }

@@ -82,8 +82,8 @@ TEST(Store, keepsTextsThatNoKeyboardTypes) {
 TEST(Store, isReadableByItsOwnerOnly) {
   const StoreFolder folder;
   const auto store = folder.open();
-  constexpr auto kOthers = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther |
-                           QFile::WriteOther | QFile::ExeOther;
+  constexpr auto kOthers =
+      QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup | QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
   EXPECT_FALSE(QFileInfo(QFileInfo(folder.path()).path()).permissions() & kOthers);
   for (const auto& name : {u"Tarnwick.store"_s, u"Tarnwick.store-wal"_s, u"Tarnwick.store.lock"_s}) {
     EXPECT_FALSE(QFile::permissions(folder.filePath(name)) & kOthers) << name.toStdString();
@@ -224,8 +224,9 @@ TEST(Store, anUntouchedNoteIsNotWrittenAgain) {
   for (int i = 0; i < 50; ++i) context.insert(note());
   const auto task = context.insert(note());
   ASSERT_TRUE(context.save());
-  foreign(folder.path(),
-          "CREATE TABLE writes (n); CREATE TRIGGER count AFTER UPDATE ON Task BEGIN INSERT INTO writes VALUES (1); END");
+  foreign(
+      folder.path(),
+      "CREATE TABLE writes (n); CREATE TRIGGER count AFTER UPDATE ON Task BEGIN INSERT INTO writes VALUES (1); END");
   task->set(&TaskRecord::text, u"one"_s);
   task->set(&TaskRecord::text, u"two"_s);
   ASSERT_TRUE(context.save());
@@ -267,8 +268,9 @@ TEST(Store, carriesWhatAnotherBuildAdded) {
     EXPECT_EQ(items.value()[0].copiedAt, QDateTime::fromMSecsSinceEpoch(12345));
     EXPECT_EQ(items.value()[0].isPinned, std::nullopt);
   }
-  EXPECT_EQ(foreignText(folder.path(), "SELECT text || mood || recurrence || (SELECT a FROM Extra) || "
-                                       "(SELECT content FROM ClipboardItem) FROM Task"),
+  EXPECT_EQ(foreignText(folder.path(),
+                        "SELECT text || mood || recurrence || (SELECT a FROM Extra) || "
+                        "(SELECT content FROM ClipboardItem) FROM Task"),
             u"editedsunnyfortnightlykeptcopied"_s);
 }
 

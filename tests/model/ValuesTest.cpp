@@ -70,7 +70,8 @@ TEST(Color, readsHexTextsHoweverTheyAreWritten) {
       {u"1234\U0001F600"_s, "#ffffff"},
       {QString(u'\0') + u"abc"_s, "#aabbcc"},
   };
-  for (const auto& row : rows) EXPECT_EQ(Color::fromHex(row.text).name().toStdString(), row.color) << row.text.toStdString();
+  for (const auto& row : rows)
+    EXPECT_EQ(Color::fromHex(row.text).name().toStdString(), row.color) << row.text.toStdString();
 }
 
 TEST(Color, inkIsThePaperMostOfTheWayToBlack) {

@@ -13,7 +13,9 @@
 #include <ostream>
 
 QT_BEGIN_NAMESPACE
-inline void PrintTo(const QString& text, std::ostream* stream) { *stream << '"' << text.toStdString() << '"'; }
+inline void PrintTo(const QString& text, std::ostream* stream) {
+  *stream << '"' << text.toStdString() << '"';
+}
 inline void PrintTo(const QDateTime& moment, std::ostream* stream) {
   *stream << moment.toString(Qt::ISODateWithMs).toStdString();
 }
@@ -28,7 +30,9 @@ inline void PrintTo(const TaskRecord& record, std::ostream* stream) {
   *stream << " due ";
   PrintTo(record.dueDate.value_or(QDateTime()), stream);
 }
-inline void PrintTo(ErrorKind kind, std::ostream* stream) { *stream << "ErrorKind(" << static_cast<int>(kind) << ")"; }
+inline void PrintTo(ErrorKind kind, std::ostream* stream) {
+  *stream << "ErrorKind(" << static_cast<int>(kind) << ")";
+}
 
 }  // namespace tarnwick
 
@@ -75,7 +79,9 @@ namespace tarnwick::test {
 class StoreFolder {
  public:
   [[nodiscard]] QString path() const { return m_folder.filePath(QStringLiteral("data/Tarnwick.store")); }
-  [[nodiscard]] QString filePath(const QString& name) const { return m_folder.filePath(QStringLiteral("data/") + name); }
+  [[nodiscard]] QString filePath(const QString& name) const {
+    return m_folder.filePath(QStringLiteral("data/") + name);
+  }
   /// Opens the store, which must succeed.
   [[nodiscard]] std::unique_ptr<ModelContainer> open() const {
     auto opened = ModelContainer::open(path(), std::chrono::milliseconds::zero());

@@ -101,7 +101,8 @@ Result<void> ModelContainer::backUp(QDate today) const {
     clear();
     return copied.error();
   }
-  if (!syncToDisk(partial) || ::rename(QFile::encodeName(partial).constData(), QFile::encodeName(target).constData()) != 0) {
+  if (!syncToDisk(partial) ||
+      ::rename(QFile::encodeName(partial).constData(), QFile::encodeName(target).constData()) != 0) {
     const auto number = errno;
     clear();
     return storeErrorOfSystem(number, target);

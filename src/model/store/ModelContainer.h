@@ -20,8 +20,8 @@ class ModelContainer final : public QObject {
   Q_OBJECT
 
  public:
-  /// Opens or makes the store file (its folder included). Errors: NewerSchema, Damaged, NotPermitted, Full, InUse, Failed;
-  /// the file is left as it is then. Waits as long as given for another process to let go of the store.
+  /// Opens or makes the store file (its folder included). Errors: NewerSchema, Damaged, NotPermitted, Full, InUse,
+  /// Failed; the file is left as it is then. Waits as long as given for another process to let go of the store.
   [[nodiscard]] static Result<std::unique_ptr<ModelContainer>> open(
       const QString& storePath, std::chrono::milliseconds lockWait = std::chrono::seconds(2));
   ~ModelContainer() override;

@@ -13,11 +13,17 @@ TaskList ModelContext::fetchTasks() const {
   return list;
 }
 
-TaskPtr ModelContext::findTask(const QUuid& id) const { return m_container.m_storage->entries.value(id).task; }
+TaskPtr ModelContext::findTask(const QUuid& id) const {
+  return m_container.m_storage->entries.value(id).task;
+}
 
-TaskPtr ModelContext::insert(TaskRecord record) { return m_container.m_storage->insert(std::move(record)); }
+TaskPtr ModelContext::insert(TaskRecord record) {
+  return m_container.m_storage->insert(std::move(record));
+}
 
-void ModelContext::remove(const TaskPtr& task) { m_container.m_storage->remove(task->id()); }
+void ModelContext::remove(const TaskPtr& task) {
+  m_container.m_storage->remove(task->id());
+}
 
 Result<void> ModelContext::save() {
   const auto saved = m_container.m_storage->save();
@@ -26,6 +32,8 @@ Result<void> ModelContext::save() {
   return {};
 }
 
-void ModelContext::rollback() { m_container.m_storage->rollback(); }
+void ModelContext::rollback() {
+  m_container.m_storage->rollback();
+}
 
 }  // namespace tarnwick

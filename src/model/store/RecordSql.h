@@ -94,9 +94,15 @@ template <typename Columns>
   return QByteArray("UPDATE ") + table + " SET " + list + " WHERE rowid = ?";
 }
 
-inline void bindValue(SqliteStatement& statement, int index, const QUuid& value) { statement.bind(index, value); }
-inline void bindValue(SqliteStatement& statement, int index, const QString& value) { statement.bind(index, value); }
-inline void bindValue(SqliteStatement& statement, int index, qint64 value) { statement.bind(index, value); }
+inline void bindValue(SqliteStatement& statement, int index, const QUuid& value) {
+  statement.bind(index, value);
+}
+inline void bindValue(SqliteStatement& statement, int index, const QString& value) {
+  statement.bind(index, value);
+}
+inline void bindValue(SqliteStatement& statement, int index, qint64 value) {
+  statement.bind(index, value);
+}
 inline void bindValue(SqliteStatement& statement, int index, bool value) {  // NOLINT: the field is a bool
   statement.bind(index, value ? qint64{1} : qint64{0});
 }
@@ -133,7 +139,9 @@ inline void readValue(const SqliteStatement& statement, int column, QString& val
 inline void readValue(const SqliteStatement& statement, int column, bool& value) {
   value = statement.integer(column) != 0;
 }
-inline void readValue(const SqliteStatement& statement, int column, qint64& value) { value = statement.integer(column); }
+inline void readValue(const SqliteStatement& statement, int column, qint64& value) {
+  value = statement.integer(column);
+}
 inline void readValue(const SqliteStatement& statement, int column, QDateTime& value) {
   value = QDateTime::fromMSecsSinceEpoch(statement.integer(column), Qt::UTC);
 }

@@ -39,6 +39,8 @@ std::optional<qint64> SqliteConnection::integer(const QByteArray& sql) const {
   return statement.integer(0);
 }
 
-Error SqliteConnection::lastError() const { return storeErrorOfSqlite(m_connection.get(), m_path); }
+Error SqliteConnection::lastError() const {
+  return storeErrorOfSqlite(m_connection.get(), m_path);
+}
 
 }  // namespace tarnwick

@@ -18,7 +18,9 @@ void SqliteStatement::bind(int index, const QString& text) {
                       SQLITE_TRANSIENT, SQLITE_UTF8);
 }
 
-void SqliteStatement::bind(int index, const QUuid& id) { bind(index, idText(id)); }
+void SqliteStatement::bind(int index, const QUuid& id) {
+  bind(index, idText(id));
+}
 
 bool SqliteStatement::run() {
   int code = step();

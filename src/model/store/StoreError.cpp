@@ -12,16 +12,21 @@ namespace tarnwick {
 
 namespace {
 
-QString translated(const char* text) { return QCoreApplication::translate("Store", text); }
+QString translated(const char* text) {
+  return QCoreApplication::translate("Store", text);
+}
 
 ErrorKind kindOfSystem(int number) {
   switch (number) {
     case EACCES:
     case EPERM:
-    case EROFS: return ErrorKind::NotPermitted;
+    case EROFS:
+      return ErrorKind::NotPermitted;
     case ENOSPC:
-    case EDQUOT: return ErrorKind::Full;
-    default: return ErrorKind::Failed;
+    case EDQUOT:
+      return ErrorKind::Full;
+    default:
+      return ErrorKind::Failed;
   }
 }
 
@@ -29,16 +34,22 @@ ErrorKind kindOfSqlite(int code, int systemNumber) {
   switch (code & 0xFF) {
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-    case SQLITE_FORMAT: return ErrorKind::Damaged;
-    case SQLITE_FULL: return ErrorKind::Full;
+    case SQLITE_FORMAT:
+      return ErrorKind::Damaged;
+    case SQLITE_FULL:
+      return ErrorKind::Full;
     case SQLITE_READONLY:
     case SQLITE_PERM:
-    case SQLITE_AUTH: return ErrorKind::NotPermitted;
+    case SQLITE_AUTH:
+      return ErrorKind::NotPermitted;
     case SQLITE_BUSY:
-    case SQLITE_LOCKED: return ErrorKind::InUse;
+    case SQLITE_LOCKED:
+      return ErrorKind::InUse;
     case SQLITE_CANTOPEN:
-    case SQLITE_IOERR: return kindOfSystem(systemNumber);
-    default: return ErrorKind::Failed;
+    case SQLITE_IOERR:
+      return kindOfSystem(systemNumber);
+    default:
+      return ErrorKind::Failed;
   }
 }
 
@@ -52,10 +63,14 @@ Error storeError(ErrorKind kind, const QString& path, const QString& detail) {
                         .arg(path)};
     case ErrorKind::NewerSchema:
       return {kind, translated("The notes in “%1” were written by a newer version of Tarnwick.").arg(path)};
-    case ErrorKind::NotPermitted: return {kind, translated("Tarnwick may not write to “%1”.").arg(path)};
-    case ErrorKind::Full: return {kind, translated("No space is left on the disk that holds “%1”.").arg(path)};
-    case ErrorKind::InUse: return {kind, translated("The notes in “%1” are in use by another program.").arg(path)};
-    default: return {ErrorKind::Failed, translated("The notes in “%1” cannot be used: %2").arg(path, detail)};
+    case ErrorKind::NotPermitted:
+      return {kind, translated("Tarnwick may not write to “%1”.").arg(path)};
+    case ErrorKind::Full:
+      return {kind, translated("No space is left on the disk that holds “%1”.").arg(path)};
+    case ErrorKind::InUse:
+      return {kind, translated("The notes in “%1” are in use by another program.").arg(path)};
+    default:
+      return {ErrorKind::Failed, translated("The notes in “%1” cannot be used: %2").arg(path, detail)};
   }
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The lock by which one process at a time owns a store. Held while the object lives; the system frees it with a process.
+// The lock by which one process at a time owns a store. Held while the object lives; the system frees it with a
+// process.
 #pragma once
 
 #include "platform/Result.h"

@@ -86,7 +86,7 @@ std::vector<std::pair<const char*, QString>> services(const StatusReport::Platfo
 
 }  // namespace
 
-QByteArray statusJson(const StatusReport& report, const QTimeZone& zone) {
+QByteArray statusJson(const StatusReport& report, const Calendar& calendar) {
   JsonText json;
   json.beginObject();
   json.key("version");
@@ -115,7 +115,7 @@ QByteArray statusJson(const StatusReport& report, const QTimeZone& zone) {
     json.key("title");
     json.text(reminder.title);
     json.key("firesAt");
-    json.text(isoText(reminder.firesAt, zone));
+    json.text(momentText(reminder.firesAt, calendar));
     json.endObject();
   }
   json.endArray();
@@ -130,7 +130,7 @@ QByteArray statusJson(const StatusReport& report, const QTimeZone& zone) {
   return json.bytes() + '\n';
 }
 
-QByteArray statusText(const StatusReport& report, const QTimeZone& zone) {
+QByteArray statusText(const StatusReport& report, const Calendar& calendar) {
   QStringList lines;
   lines << Words::tr("Tarnwick %1, process %2").arg(report.version).arg(report.pid);
   lines << (report.board.isVisible ? Words::tr("board: shown") : Words::tr("board: hidden"));
@@ -148,7 +148,7 @@ QByteArray statusText(const StatusReport& report, const QTimeZone& zone) {
   if (report.context.gitRoot) lines << Words::tr("repository: %1").arg(*report.context.gitRoot);
   lines << Words::tr("reminders: %1").arg(report.reminders.size());
   for (const auto& reminder : report.reminders) {
-    lines << u"  "_s + isoText(reminder.firesAt, zone) + u"  "_s + reminder.title;
+    lines << u"  "_s + momentText(reminder.firesAt, calendar) + u"  "_s + reminder.title;
   }
   for (const auto& [name, text] : services(report.platform)) lines << QLatin1StringView(name) + u": "_s + text;
   return lines.join(u'\n').toUtf8() + '\n';

@@ -4,13 +4,13 @@
 #pragma once
 
 #include "context/ContextEngine.h"
+#include "model/Calendar.h"
 #include "platform/PortTraits.h"
 #include "platform/UserNotifications.h"
 #include "platform/WindowServer.h"
 
 #include <QRect>
 #include <QString>
-#include <QTimeZone>
 #include <QUuid>
 
 #include <optional>
@@ -55,8 +55,8 @@ struct StatusReport {
   Platform platform;
 };
 
-/// One line of JSON; moments in the zone given.
-[[nodiscard]] QByteArray statusJson(const StatusReport& report, const QTimeZone& zone);
-[[nodiscard]] QByteArray statusText(const StatusReport& report, const QTimeZone& zone);
+/// One line of JSON; moments in the zone of the calendar.
+[[nodiscard]] QByteArray statusJson(const StatusReport& report, const Calendar& calendar);
+[[nodiscard]] QByteArray statusText(const StatusReport& report, const Calendar& calendar);
 
 }  // namespace tarnwick

@@ -89,8 +89,7 @@ CommandReply CommandRunner::runProgramVerb(const CommandLine& line) {
     case Verb::Quit: program.quit(); break;
     default: {
       const StatusReport report = program.status();
-      const QTimeZone zone = m_environment.clock.timeZone();
-      return done(line.has(u"--json"_s) ? statusJson(report, zone) : statusText(report, zone));
+      return done(line.has(u"--json"_s) ? statusJson(report, calendar()) : statusText(report, calendar()));
     }
   }
   return done();

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/commands/JsonText.h"
 
+#include "exchange/JsonValue.h"
+
 #include <cmath>
 
 namespace tarnwick {
@@ -13,25 +15,7 @@ void JsonText::key(const char* name) {
   m_isFirst = true;
 }
 
-void JsonText::text(const QString& value) {
-  QByteArray quoted = "\"";
-  for (const char byte : value.toUtf8()) {
-    switch (byte) {
-      case '"': quoted += "\\\""; break;
-      case '\\': quoted += "\\\\"; break;
-      case '\n': quoted += "\\n"; break;
-      case '\r': quoted += "\\r"; break;
-      case '\t': quoted += "\\t"; break;
-      default:
-        if (const auto code = static_cast<unsigned char>(byte); code < 0x20 || code == 0x7f) {
-          quoted += "\\u00" + QByteArray::number(code, 16).rightJustified(2, '0');
-        } else {
-          quoted += byte;
-        }
-    }
-  }
-  plain(quoted + '"');
-}
+void JsonText::text(const QString& value) { plain(json::quoted(value).toUtf8()); }
 
 void JsonText::text(const std::optional<QString>& value) {
   if (value) {

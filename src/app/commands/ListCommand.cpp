@@ -2,10 +2,11 @@
 // `list`, and what is wrong with the values of the verbs that only read or move notes.
 #include "app/commands/CommandReplies.h"
 #include "app/commands/CommandRunner.h"
-#include "app/commands/JsonText.h"
 #include "app/commands/NoteText.h"
 #include "board/BoardQueries.h"
 #include "context/ContextEngine.h"
+#include "exchange/Exchange.h"
+#include "exchange/JsonExchange.h"
 #include "model/store/ModelContainer.h"
 #include "platform/Clock.h"
 
@@ -49,8 +50,7 @@ std::optional<QString> CommandRunner::valueFault(const CommandLine& line) {
     return noValue(*state, u"--state"_s);
   }
   if (const auto tag = line.value(u"--tag"_s); tag && !fromRawValue<TaskTag>(*tag)) return noValue(*tag, u"--tag"_s);
-  if (const auto format = line.value(u"--format"_s);
-      format && *format != u"json" && *format != u"markdown" && *format != u"ics") {
+  if (const auto format = line.value(u"--format"_s); format && !exchangeFormatFromName(*format)) {
     return noValue(*format, u"--format"_s);
   }
   if (line.verb == Verb::Check && !isLineNumber(line.operands[1])) {
@@ -90,11 +90,9 @@ CommandReply CommandRunner::list(const CommandLine& line, const BoardServices& s
     for (const TaskPtr& note : notes) lines += listLine(*note, now, calendar).toUtf8() + '\n';
     return replies::done(lines);
   }
-  JsonText json;
-  json.beginArray();
-  for (const TaskPtr& note : notes) json.plain(noteJson(note->record(), calendar.timeZone()));
-  json.endArray();
-  return replies::done(json.bytes() + '\n');
+  std::vector<TaskRecord> records;
+  for (const TaskPtr& note : notes) records.push_back(note->record());
+  return replies::done(JsonExchange::list(records, calendar));
 }
 
 }  // namespace tarnwick

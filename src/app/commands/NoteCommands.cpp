@@ -8,6 +8,7 @@
 #include "board/BoardQueries.h"
 #include "board/NoteCrush.h"
 #include "board/TornNotes.h"
+#include "exchange/JsonExchange.h"
 #include "model/NotificationCenter.h"
 #include "model/StickyChecklist.h"
 #include "model/store/ModelContainer.h"
@@ -87,8 +88,7 @@ CommandReply CommandRunner::show(const CommandLine& line, const BoardServices& s
   const auto found = findNote(services.container.mainContext(), line.operands.front());
   if (!found) return failed(found.error().text);
   const TaskRecord& record = found.value()->record();
-  const QTimeZone zone = services.clock.timeZone();
-  return done(line.has(u"--json"_s) ? noteJson(record, zone) + '\n' : noteLines(record, zone).toUtf8());
+  return done(line.has(u"--json"_s) ? JsonExchange::note(record, calendar()) : noteLines(record, calendar()).toUtf8());
 }
 
 CommandReply CommandRunner::crush(const CommandLine& line, const BoardServices& services) const {

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/commands/NoteText.h"
 
-#include "app/commands/JsonText.h"
 #include "board/CardRules.h"
+#include "exchange/JsonValue.h"
 #include "model/store/ModelContext.h"
 #include "model/store/TaskColumns.h"
 
 #include <QCoreApplication>
-
-#include <cstdlib>
 
 namespace tarnwick {
 
@@ -33,31 +31,16 @@ QString withoutControls(QString text) {
 }
 
 struct ValueText {
-  const QTimeZone& zone;
+  const Calendar& calendar;
 
   QString operator()(const QUuid& value) const { return idText(value); }
   QString operator()(const QString& value) const { return withoutControls(value).replace(u'\n', u"\n  "_s); }
   QString operator()(bool value) const { return value ? u"true"_s : u"false"_s; }
-  QString operator()(const QDateTime& value) const { return isoText(value, zone); }
+  QString operator()(const QDateTime& value) const { return momentText(value, calendar); }
   QString operator()(qint64 value) const { return QString::number(value); }
   template <typename T>
   QString operator()(const std::optional<T>& value) const {
     return value ? (*this)(*value) : QString();
-  }
-};
-
-struct ValueJson {
-  JsonText& json;
-  const QTimeZone& zone;
-
-  void operator()(const QUuid& value) const { json.text(idText(value)); }
-  void operator()(const QString& value) const { json.text(value); }
-  void operator()(bool value) const { json.boolean(value); }
-  void operator()(const QDateTime& value) const { json.text(isoText(value, zone)); }
-  void operator()(qint64 value) const { json.integer(value); }
-  template <typename T>
-  void operator()(const std::optional<T>& value) const {
-    (*this)(*value);
   }
 };
 
@@ -74,12 +57,8 @@ bool isPresent(const std::optional<T>& value) {
 
 QString idText(const QUuid& id) { return id.toString(QUuid::WithoutBraces).toUpper(); }
 
-QString isoText(const QDateTime& moment, const QTimeZone& zone) {
-  const QDateTime local = moment.toTimeZone(zone);
-  const int minutes = local.offsetFromUtc() / 60;
-  const QChar zero(u'0');
-  return local.toString(u"yyyy-MM-ddTHH:mm:ss.zzz"_s) +
-         u"%1%2:%3"_s.arg(minutes < 0 ? u'-' : u'+').arg(std::abs(minutes) / 60, 2, 10, zero).arg(std::abs(minutes) % 60, 2, 10, zero);
+QString momentText(const QDateTime& moment, const Calendar& calendar) {
+  return json::isoText(moment, calendar).value_or(QString::number(moment.toMSecsSinceEpoch()));
 }
 
 QString listLine(const Task& task, const QDateTime& now, const Calendar& calendar) {
@@ -97,28 +76,12 @@ QString listLine(const Task& task, const QDateTime& now, const Calendar& calenda
   return line;
 }
 
-QByteArray noteJson(const TaskRecord& record, const QTimeZone& zone) {
-  JsonText json;
-  json.beginObject();
-  for (const TaskColumn& column : kTaskColumns) {
-    std::visit(
-        [&](const auto field) {
-          if (!isPresent(record.*field)) return;
-          json.key(column.name.data());
-          ValueJson{json, zone}(record.*field);
-        },
-        column.field);
-  }
-  json.endObject();
-  return json.bytes();
-}
-
-QString noteLines(const TaskRecord& record, const QTimeZone& zone) {
+QString noteLines(const TaskRecord& record, const Calendar& calendar) {
   QString lines;
   for (const TaskColumn& column : kTaskColumns) {
     std::visit(
         [&](const auto field) {
-          if (isPresent(record.*field)) lines += column.name + u": "_s + ValueText{zone}(record.*field) + u'\n';
+          if (isPresent(record.*field)) lines += column.name + u": "_s + ValueText{calendar}(record.*field) + u'\n';
         },
         column.field);
   }

@@ -99,7 +99,7 @@ QString SettingsCommand::valueOf(const SettingDescriptor& setting) const {
     case SettingType::Text: return m_defaults.text(setting.key).value_or(setting.fallback);
     case SettingType::Date: {
       const auto date = m_defaults.date(setting.key);
-      return date ? isoText(*date, m_clock.timeZone()) : setting.fallback;
+      return date ? momentText(*date, Calendar::of(m_clock)) : setting.fallback;
     }
     case SettingType::Reals: {
       const auto reals = m_defaults.reals(setting.key);

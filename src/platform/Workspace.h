@@ -16,7 +16,7 @@
 namespace tarnwick {
 
 struct RunningApplication {
-  QString bundleID;  // desktop-file id without suffix; empty when the application has none
+  QString bundleID;  // desktop-file id without suffix, else the window class; empty when it has neither
   qint64 pid = 0;
   QString name;             // as shown to the user
   bool isCodeEditor = false;  // by the category of its desktop entry, or one of the known identifiers

@@ -48,7 +48,7 @@ X11WindowServer::X11WindowServer()
   m_atoms = {atom("_NET_WM_DESKTOP"),         atom("_NET_ACTIVE_WINDOW"),       atom("_NET_RESTACK_WINDOW"),
              atom("_NET_WM_STATE"),           atom("_NET_WM_STATE_BELOW"),      atom("_NET_WM_STATE_ABOVE"),
              atom("_NET_WM_STATE_SKIP_TASKBAR"), atom("_NET_WM_STATE_SKIP_PAGER"), atom("_GTK_FRAME_EXTENTS"),
-             atom("_NET_SUPPORTING_WM_CHECK")};
+             atom("_NET_SUPPORTING_WM_CHECK"), atom("_NET_SUPPORTED"),         atom("_NET_CLIENT_LIST_STACKING")};
   const XcbReply<xcb_xfixes_query_version_reply_t> version(
       xcb_xfixes_query_version_reply(m_connection, xcb_xfixes_query_version(m_connection, 5, 0), nullptr));
 }
@@ -69,6 +69,8 @@ void X11WindowServer::applyLevel(QWindow& window, WindowLevel level) {
     // Window managers forget it at each hide, and some ignore the property before the first show.
     sendToRoot(window, m_atoms.desktop, {kAllDesktops, kSourcePager});
   }
+  // Qt may have made another native window for this show.
+  applyExtents(window);
   applyShape(window);
   xcb_flush(m_connection);
 }
@@ -87,15 +89,7 @@ void X11WindowServer::setOpacity(QWindow& window, double opacity) {
 
 void X11WindowServer::setShadowMargins(QWindow& window, const QMargins& margins) {
   wishesOf(window).margins = margins;
-  const auto native = toNative(margins, window.devicePixelRatio());
-  if (native.isNull()) {
-    xcb_delete_property(m_connection, idOf(window), m_atoms.gtkExtents);
-  } else {
-    const uint32_t extents[] = {static_cast<uint32_t>(native.left()), static_cast<uint32_t>(native.right()),
-                                static_cast<uint32_t>(native.top()), static_cast<uint32_t>(native.bottom())};
-    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, idOf(window), m_atoms.gtkExtents, XCB_ATOM_CARDINAL, 32, 4,
-                        extents);
-  }
+  applyExtents(window);
   applyShape(window);
   xcb_flush(m_connection);
 }
@@ -104,8 +98,11 @@ void X11WindowServer::raiseWithoutActivating(QWindow& window) {
   if (window.flags().testFlag(Qt::BypassWindowManagerHint) || !hasWindowManager()) {
     const uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_connection, idOf(window), XCB_CONFIG_WINDOW_STACK_MODE, &above);
-  } else {
+  } else if (const auto known = rootProperty(m_atoms.supported);
+             std::find(known.begin(), known.end(), m_atoms.restack) != known.end()) {
     sendToRoot(window, m_atoms.restack, {kSourcePager, XCB_NONE, XCB_STACK_MODE_ABOVE});
+  } else {
+    requestStackingAboveAll(window);
   }
   xcb_flush(m_connection);
 }
@@ -134,6 +131,20 @@ X11WindowServer::Wishes& X11WindowServer::wishesOf(QWindow& window) {
   connect(&window, &QWindow::widthChanged, this, reshape);
   connect(&window, &QWindow::heightChanged, this, reshape);
   return *m_wishes.insert(&window, {});
+}
+
+void X11WindowServer::applyExtents(QWindow& window) {
+  const auto found = m_wishes.constFind(&window);
+  if (found == m_wishes.constEnd()) return;
+  const auto native = toNative(found->margins, window.devicePixelRatio());
+  if (native.isNull()) {
+    xcb_delete_property(m_connection, idOf(window), m_atoms.gtkExtents);
+    return;
+  }
+  const uint32_t extents[] = {static_cast<uint32_t>(native.left()), static_cast<uint32_t>(native.right()),
+                              static_cast<uint32_t>(native.top()), static_cast<uint32_t>(native.bottom())};
+  xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, idOf(window), m_atoms.gtkExtents, XCB_ATOM_CARDINAL, 32, 4,
+                      extents);
 }
 
 void X11WindowServer::applyShape(QWindow& window) {
@@ -169,10 +180,32 @@ void X11WindowServer::setState(QWindow& window, bool isOn, xcb_atom_t first, xcb
   sendToRoot(window, m_atoms.state, {isOn ? 1U : 0U, first, second, kSourcePager});
 }
 
-bool X11WindowServer::hasWindowManager() const {
-  const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-      m_connection, xcb_get_property(m_connection, 0, m_root, m_atoms.wmCheck, XCB_ATOM_WINDOW, 0, 1), nullptr));
-  return reply && xcb_get_property_value_length(reply.get()) > 0;
+// A plain raise is taken for a wish for the keyboard where restacking is not known; one above a named window is not.
+void X11WindowServer::requestStackingAboveAll(QWindow& window) {
+  const auto stack = rootProperty(m_atoms.stacking);
+  const auto top = std::find_if(stack.rbegin(), stack.rend(), [&](xcb_window_t each) { return each != idOf(window); });
+  if (top == stack.rend()) return;
+  xcb_configure_request_event_t event{};
+  event.response_type = XCB_CONFIGURE_REQUEST;
+  event.stack_mode = XCB_STACK_MODE_ABOVE;
+  event.parent = m_root;
+  event.window = idOf(window);
+  event.sibling = *top;
+  event.value_mask = XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE;
+  // Framed windows are no siblings for the server, so the request goes to the window manager as an event.
+  xcb_send_event(m_connection, 0, m_root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                 reinterpret_cast<const char*>(&event));
 }
+
+std::vector<uint32_t> X11WindowServer::rootProperty(xcb_atom_t name) const {
+  constexpr uint32_t kMostWords = 4096;
+  const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+      m_connection, xcb_get_property(m_connection, 0, m_root, name, XCB_GET_PROPERTY_TYPE_ANY, 0, kMostWords), nullptr));
+  if (!reply) return {};
+  const auto* first = static_cast<const uint32_t*>(xcb_get_property_value(reply.get()));
+  return {first, first + xcb_get_property_value_length(reply.get()) / static_cast<int>(sizeof(uint32_t))};
+}
+
+bool X11WindowServer::hasWindowManager() const { return !rootProperty(m_atoms.wmCheck).empty(); }
 
 }  // namespace tarnwick

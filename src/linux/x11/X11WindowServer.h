@@ -11,6 +11,7 @@
 #include <xcb/xcb.h>
 
 #include <initializer_list>
+#include <vector>
 
 namespace tarnwick {
 
@@ -34,15 +35,18 @@ class X11WindowServer final : public QObject, public WindowServer {
     QMargins margins;
   };
   Wishes& wishesOf(QWindow& window);
+  void applyExtents(QWindow& window);
   void applyShape(QWindow& window);
   void sendToRoot(QWindow& window, xcb_atom_t type, std::initializer_list<uint32_t> data);
   void setState(QWindow& window, bool isOn, xcb_atom_t first, xcb_atom_t second = XCB_NONE);
+  void requestStackingAboveAll(QWindow& window);
+  [[nodiscard]] std::vector<uint32_t> rootProperty(xcb_atom_t name) const;
   [[nodiscard]] bool hasWindowManager() const;
 
   xcb_connection_t* m_connection;
   xcb_window_t m_root;
   struct Atoms {
-    xcb_atom_t desktop, activeWindow, restack, state, below, above, skipTaskbar, skipPager, gtkExtents, wmCheck;
+    xcb_atom_t desktop, activeWindow, restack, state, below, above, skipTaskbar, skipPager, gtkExtents, wmCheck, supported, stacking;
   } m_atoms;
   QHash<const QObject*, Wishes> m_wishes;
 };

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "linux/x11/X11Workspace.h"
+
+#include "platform/Scheduler.h"
+
+#include <QDesktopServices>
+#include <QSocketNotifier>
+
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+
+namespace tarnwick {
+
+namespace {
+
+// Window managers publish "none" for a moment between two windows.
+constexpr std::chrono::milliseconds kNothingInFrontDelay(150);
+
+}  // namespace
+
+struct X11Workspace::Process {
+  RunningApplication application;
+  int descriptor = -1;
+  std::unique_ptr<QSocketNotifier> exit;
+
+  ~Process() {
+    exit.reset();
+    if (descriptor >= 0) close(descriptor);
+  }
+};
+
+X11Workspace::X11Workspace(XcbConnection& connection, Scheduler& scheduler)
+    : m_x(connection), m_clients(connection), m_scheduler(scheduler) {
+  m_handles.push_back(m_x.select(m_x.root(), XCB_EVENT_MASK_PROPERTY_CHANGE));
+  m_handles.push_back(m_x.onEvent([this](const auto& event) { handle(event); }));
+  readClients();
+  readFront();
+}
+
+X11Workspace::~X11Workspace() = default;
+
+std::vector<RunningApplication> X11Workspace::running() const {
+  std::vector<RunningApplication> applications;
+  for (const auto window : m_x.cardinals(m_x.root(), "_NET_CLIENT_LIST")) {
+    const auto pid = m_clients.pidOf(window);
+    if (pid <= 0) continue;
+    const auto known = std::find_if(applications.begin(), applications.end(), [&](const auto& a) { return a.pid == pid; });
+    const auto process = m_processes.find(pid);
+    auto application = process != m_processes.end() ? process->second->application : describe(window, pid);
+    application.isRegular = m_clients.kindOf(window) == ClientKind::Ordinary &&
+                            !m_clients.hasState(window, "_NET_WM_STATE_SKIP_TASKBAR");
+    if (known == applications.end()) {
+      applications.push_back(application);
+    } else {
+      known->isRegular = known->isRegular || application.isRegular;
+    }
+  }
+  return applications;
+}
+
+std::pair<QString, QIcon> X11Workspace::identity(const QString& bundleID) const { return m_catalog.identity(bundleID); }
+
+bool X11Workspace::openUrl(const QUrl& url) { return QDesktopServices::openUrl(url); }
+
+void X11Workspace::handle(const xcb_generic_event_t& event) {
+  if (eventKind(event) != XCB_PROPERTY_NOTIFY) return;
+  const auto& change = eventAs<xcb_property_notify_event_t>(event);
+  if (change.window != m_x.root()) return;
+  if (change.atom == m_x.atom("_NET_ACTIVE_WINDOW")) readFront();
+  if (change.atom == m_x.atom("_NET_CLIENT_LIST")) readClients();
+}
+
+void X11Workspace::readFront() {
+  const auto window = m_clients.active();
+  const auto pid = window == XCB_NONE ? 0 : m_clients.pidOf(window);
+  if (pid <= 0) {
+    if (m_front && !m_nothingInFront.isHeld()) {
+      m_nothingInFront = m_scheduler.after(kNothingInFrontDelay, [this] {
+        m_nothingInFront = {};
+        setFront(std::nullopt);
+      });
+    }
+    return;
+  }
+  m_nothingInFront.cancel();
+  auto application = describe(window, pid);
+  watch(application);
+  setFront(std::move(application));
+}
+
+void X11Workspace::setFront(std::optional<RunningApplication> application) {
+  const auto before = std::exchange(m_front, application);
+  if (before && application && before->pid == application->pid) return;
+  if (before) m_deactivated.notify(*before);
+  if (application) m_activated.notify(*application);
+}
+
+void X11Workspace::readClients() {
+  const auto windows = m_x.cardinals(m_x.root(), "_NET_CLIENT_LIST");
+  for (const auto window : windows) {
+    if (std::find(m_known.begin(), m_known.end(), window) != m_known.end()) continue;
+    if (const auto pid = m_clients.pidOf(window); pid > 0 && !m_processes.contains(pid)) watch(describe(window, pid));
+  }
+  m_known = windows;
+}
+
+RunningApplication X11Workspace::describe(xcb_window_t window, qint64 pid) const {
+  RunningApplication application;
+  application.pid = pid;
+  if (pid == getpid()) {
+    application.bundleID = kApplicationID;
+    application.name = QStringLiteral("Tarnwick");
+    return application;
+  }
+  const auto windowClass = m_clients.classOf(window);
+  if (const auto* entry = m_catalog.entryOf(pid, windowClass.instance, windowClass.name)) {
+    application.bundleID = entry->id;
+    application.name = entry->name;
+    application.isCodeEditor = isCodeEditor(*entry);
+  } else {
+    application.bundleID = windowClass.name;
+    application.name = windowClass.name.isEmpty() ? m_clients.titleOf(window) : windowClass.name;
+    application.isCodeEditor = isKnownCodeEditor(windowClass.name);
+  }
+  application.isRegular = m_clients.kindOf(window) == ClientKind::Ordinary;
+  return application;
+}
+
+void X11Workspace::watch(const RunningApplication& application) {
+  if (application.pid == getpid() || m_processes.contains(application.pid)) return;
+  auto process = std::make_unique<Process>();
+  process->application = application;
+  process->descriptor = static_cast<int>(syscall(SYS_pidfd_open, static_cast<pid_t>(application.pid), 0));
+  if (process->descriptor >= 0) {
+    process->exit = std::make_unique<QSocketNotifier>(process->descriptor, QSocketNotifier::Read);
+    connect(process->exit.get(), &QSocketNotifier::activated, this,
+            [this, pid = application.pid] { ended(pid); });
+  }
+  m_processes.emplace(application.pid, std::move(process));
+}
+
+void X11Workspace::ended(qint64 pid) {
+  const auto found = m_processes.find(pid);
+  if (found == m_processes.end()) return;
+  found->second->exit->setEnabled(false);
+  const auto application = found->second->application;
+  // The notifier is the sender just now: it goes when the loop turns.
+  found->second->exit.release()->deleteLater();
+  m_processes.erase(found);
+  if (m_front && m_front->pid == pid) m_front.reset();
+  m_terminated.notify(application);
+}
+
+}  // namespace tarnwick

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// Names and icons of applications by identifier, running or not, and the identifier of a process.
+#pragma once
+
+#include "linux/xdg/DesktopEntries.h"
+
+#include <QHash>
+#include <QIcon>
+
+#include <utility>
+
+namespace tarnwick {
+
+class AppCatalog final {
+ public:
+  AppCatalog();
+
+  /// The identifier itself and a null icon for an application that is not installed.
+  [[nodiscard]] std::pair<QString, QIcon> identity(const QString& id) const;
+  /// The entry of a process with a window of that class; null when no entry fits.
+  [[nodiscard]] const DesktopEntry* entryOf(qint64 pid, const QString& instance, const QString& windowClass) const;
+
+ private:
+  DesktopEntries m_entries;
+  mutable QHash<QString, QIcon> m_icons;
+};
+
+}  // namespace tarnwick

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// Other programs' windows from the window system (frames and titles are always there) and the trees of panels and
+// desktops from the accessibility bus. Everything is answered at once from what is known.
+#pragma once
+
+#include "linux/atspi/AtSpiTree.h"
+#include "linux/dbus/PlankDock.h"
+#include "linux/x11/X11Clients.h"
+#include "platform/Accessibility.h"
+
+#include <memory>
+
+namespace tarnwick {
+
+class AtSpiAccessibility final : public Accessibility {
+ public:
+  AtSpiAccessibility(XcbConnection& connection, PlankDock& plank);
+  ~AtSpiAccessibility() override;
+
+  [[nodiscard]] PortTraits traits() const override;
+  [[nodiscard]] bool isTrusted(AccessNeed need) const override;
+  void requestTrust() override { m_tree.switchOn(); }
+  [[nodiscard]] std::optional<ElementRef> application(qint64 pid) const override;
+  [[nodiscard]] std::optional<ElementRef> focusedWindow(qint64 pid) const override;
+  [[nodiscard]] std::optional<ElementFacts> facts(const ElementRef& element) const override;
+  [[nodiscard]] std::optional<std::vector<ElementRef>> children(const ElementRef& element) const override;
+  /// Also starts a new reading, for the next time.
+  [[nodiscard]] std::vector<ElementRef> docks() const override;
+
+  [[nodiscard]] const AtSpiTree& tree() const { return m_tree; }
+
+ private:
+  [[nodiscard]] QSet<qint64> pidsOfDocks() const;
+  [[nodiscard]] std::optional<ElementFacts> windowFacts(xcb_window_t window) const;
+
+  XcbConnection& m_x;
+  PlankDock& m_plank;
+  X11Clients m_clients;
+  mutable AtSpiTree m_tree;
+  Registration m_rootChanges;
+  Registration m_events;
+};
+
+}  // namespace tarnwick

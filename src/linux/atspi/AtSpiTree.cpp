@@ -1,0 +1,284 @@
+// SPDX-License-Identifier: MIT
+#include "linux/atspi/AtSpiTree.h"
+
+#include "linux/x11/NativeSpace.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+
+#include <unistd.h>
+
+namespace tarnwick {
+
+namespace {
+
+const QString kBusService = QStringLiteral("org.a11y.Bus");
+const QString kBusPath = QStringLiteral("/org/a11y/bus");
+const QString kStatus = QStringLiteral("org.a11y.Status");
+const QString kProperties = QStringLiteral("org.freedesktop.DBus.Properties");
+const QString kAccessible = QStringLiteral("org.a11y.atspi.Accessible");
+const QString kComponent = QStringLiteral("org.a11y.atspi.Component");
+const QString kRegistry = QStringLiteral("org.a11y.atspi.Registry");
+const QString kRoot = QStringLiteral("/org/a11y/atspi/accessible/root");
+const QString kConnectionName = QStringLiteral("tarnwick-accessibility");
+
+constexpr int kAnswerTime = 100;  // ms
+constexpr int kDeepest = 8;       // levels below an application that anybody looks at
+constexpr int kMostNodes = 1500;
+constexpr int kMostChildren = 128;
+constexpr int kMostSilences = 3;  // unanswered calls after which a program is left alone
+
+QString keyOf(const ElementRef& element) { return element.service + element.path; }
+
+std::optional<ElementRef> takeRef(const QDBusArgument& argument) {
+  if (argument.currentType() != QDBusArgument::StructureType) return std::nullopt;
+  QString service;
+  QDBusObjectPath path;
+  argument.beginStructure();
+  argument >> service >> path;
+  argument.endStructure();
+  return ElementRef{service, path.path()};
+}
+
+/// Elements of an a(so), or of a single (so).
+std::vector<ElementRef> refsFrom(const QDBusMessage& reply) {
+  std::vector<ElementRef> refs;
+  const auto values = reply.arguments();
+  if (values.isEmpty() || !values.front().canConvert<QDBusArgument>()) return refs;
+  const auto argument = values.front().value<QDBusArgument>();  // const: a writable one would be written to
+  if (argument.currentType() == QDBusArgument::ArrayType) {
+    argument.beginArray();
+    while (!argument.atEnd() && refs.size() < kMostChildren) {
+      const auto ref = takeRef(argument);
+      if (!ref) break;
+      refs.push_back(*ref);
+    }
+    argument.endArray();
+  } else if (const auto ref = takeRef(argument)) {
+    refs.push_back(*ref);
+  }
+  return refs;
+}
+
+QVariant propertyFrom(const QDBusMessage& reply) {
+  const auto values = reply.arguments();
+  return values.isEmpty() ? QVariant() : values.front().value<QDBusVariant>().variant();
+}
+
+std::optional<DesktopRect> frameFrom(const QDBusMessage& reply) {
+  const auto values = reply.arguments();
+  if (values.isEmpty() || !values.front().canConvert<QDBusArgument>()) return std::nullopt;
+  const auto argument = values.front().value<QDBusArgument>();
+  if (argument.currentType() != QDBusArgument::StructureType) return std::nullopt;
+  int x = 0;
+  int y = 0;
+  int width = 0;
+  int height = 0;
+  argument.beginStructure();
+  argument >> x >> y >> width >> height;
+  argument.endStructure();
+  if (width <= 0 || height <= 0) return std::nullopt;
+  return desktopFromNative(QRect(x, y, width, height));
+}
+
+/// The names by which the searchers of trees know the kinds of elements.
+QString roleFrom(const QString& name) {
+  if (name == u"list" || name == u"list box") return QStringLiteral("AXList");
+  if (name == u"panel" || name == u"filler" || name == u"grouping" || name == u"layered pane") return QStringLiteral("AXGroup");
+  if (name == u"push button" || name == u"button") return QStringLiteral("AXButton");
+  if (name == u"icon" || name == u"image") return QStringLiteral("AXImage");
+  if (name == u"frame" || name == u"window") return QStringLiteral("AXWindow");
+  return name;
+}
+
+QDBusMessage getter(const ElementRef& element, const QString& property) {
+  auto message = QDBusMessage::createMethodCall(element.service, element.path, kProperties, QStringLiteral("Get"));
+  message << kAccessible << property;
+  return message;
+}
+
+}  // namespace
+
+struct AtSpiTree::Job {
+  AccessibleReading reading;
+  QSet<qint64> docks;
+  QHash<QString, int> silences;
+  int open = 0;  // calls under way
+};
+
+AtSpiTree::AtSpiTree(std::function<QSet<qint64>()> pidsOfDocks)
+    : m_pidsOfDocks(std::move(pidsOfDocks)), m_bus(kConnectionName) {
+  auto session = QDBusConnection::sessionBus();
+  if (!session.isConnected()) return;
+  session.connect(kBusService, kBusPath, kProperties, QStringLiteral("PropertiesChanged"), this,
+                  SLOT(statusChanged(QString, QVariantMap, QStringList)));
+  session.connect(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+                  QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameOwnerChanged"), {kBusService}, QString(),
+                  this, SLOT(busServiceChanged(QString, QString, QString)));
+  readStatus();
+}
+
+AtSpiTree::~AtSpiTree() { QDBusConnection::disconnectFromBus(kConnectionName); }
+
+const AccessibleNode* AtSpiTree::node(const ElementRef& element) const {
+  const auto found = m_reading.nodes.constFind(keyOf(element));
+  return found == m_reading.nodes.constEnd() ? nullptr : &*found;
+}
+
+void AtSpiTree::call(const QDBusConnection& bus, const QDBusMessage& message, Answer answer) {
+  auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message, kAnswerTime), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this, [answer = std::move(answer)](QDBusPendingCallWatcher* done) {
+    done->deleteLater();
+    answer(done->reply());
+  });
+}
+
+void AtSpiTree::readStatus() {
+  auto message = QDBusMessage::createMethodCall(kBusService, kBusPath, kProperties, QStringLiteral("Get"));
+  message.setAutoStartService(false);  // looking must not start it
+  message << kStatus << QStringLiteral("IsEnabled");
+  call(QDBusConnection::sessionBus(), message, [this](const QDBusMessage& reply) {
+    m_isEnabled = reply.type() == QDBusMessage::ReplyMessage && propertyFrom(reply).toBool();
+    if (m_isEnabled) connectToBus();
+  });
+}
+
+void AtSpiTree::switchOn() {
+  auto message = QDBusMessage::createMethodCall(kBusService, kBusPath, kProperties, QStringLiteral("Set"));
+  message << kStatus << QStringLiteral("IsEnabled") << QVariant::fromValue(QDBusVariant(true));
+  auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* done) {
+    done->deleteLater();
+    readStatus();
+  });
+}
+
+void AtSpiTree::connectToBus() {
+  if (m_bus.isConnected()) {
+    refresh();
+    return;
+  }
+  const auto message = QDBusMessage::createMethodCall(kBusService, kBusPath, kBusService, QStringLiteral("GetAddress"));
+  call(QDBusConnection::sessionBus(), message, [this](const QDBusMessage& reply) {
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) return;
+    QDBusConnection::disconnectFromBus(kConnectionName);
+    m_bus = QDBusConnection::connectToBus(reply.arguments().front().toString(), kConnectionName);
+    refresh();
+  });
+}
+
+void AtSpiTree::statusChanged(const QString& interface, const QVariantMap& values, const QStringList&) {
+  const auto value = values.constFind(QStringLiteral("IsEnabled"));
+  if (interface != kStatus || value == values.constEnd()) return;
+  m_isEnabled = value->toBool();
+  if (m_isEnabled) connectToBus();
+}
+
+void AtSpiTree::busServiceChanged(const QString&, const QString&, const QString& newOwner) {
+  if (newOwner.isEmpty()) {
+    m_isEnabled = false;
+  } else {
+    readStatus();
+  }
+}
+
+void AtSpiTree::refresh() {
+  if (m_job || !isOn()) return;
+  m_job = std::make_shared<Job>();
+  m_job->docks = m_pidsOfDocks();
+  if (m_job->docks.isEmpty()) {
+    m_reading = {};
+    m_job.reset();
+    return;
+  }
+  ++m_job->open;
+  const auto message = QDBusMessage::createMethodCall(kRegistry, kRoot, kAccessible, QStringLiteral("GetChildren"));
+  call(m_bus, message, [this](const QDBusMessage& reply) {
+    for (const auto& application : refsFrom(reply)) readApplication(application);
+    --m_job->open;
+    finishIfDone();
+  });
+}
+
+void AtSpiTree::readApplication(const ElementRef& application) {
+  ++m_job->open;
+  auto message = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+                                                QStringLiteral("org.freedesktop.DBus"),
+                                                QStringLiteral("GetConnectionUnixProcessID"));
+  message << application.service;
+  call(m_bus, message, [this, application](const QDBusMessage& reply) {
+    const qint64 pid = reply.arguments().isEmpty() ? 0 : reply.arguments().front().toUInt();
+    if (reply.type() == QDBusMessage::ReplyMessage && pid != getpid() && m_job->docks.contains(pid)) {
+      m_job->reading.docks.push_back(application);
+      readNode(application, -1);
+    }
+    --m_job->open;
+    finishIfDone();
+  });
+}
+
+// `depth` counts as the searchers do: children of the application are at 0.
+void AtSpiTree::readNode(const ElementRef& element, int depth) {
+  const auto key = keyOf(element);
+  auto& nodes = m_job->reading.nodes;
+  if (nodes.contains(key) || nodes.size() >= kMostNodes) return;
+  if (m_job->silences.value(element.service) >= kMostSilences) return;
+  nodes.insert(key, {});
+  using Use = std::function<void(const QDBusMessage&, AccessibleNode&)>;
+  const auto ask = [this, key, service = element.service](const QDBusMessage& message, Use use) {
+    ++m_job->open;
+    call(m_bus, message, [this, key, service, use = std::move(use)](const QDBusMessage& reply) {
+      if (reply.type() == QDBusMessage::ReplyMessage) {
+        use(reply, m_job->reading.nodes[key]);
+      } else if (reply.errorName() == u"org.freedesktop.DBus.Error.NoReply") {
+        ++m_job->silences[service];
+      }
+      --m_job->open;
+      finishIfDone();
+    });
+  };
+  const auto method = [&element](const QString& interface, const QString& name) {
+    return QDBusMessage::createMethodCall(element.service, element.path, interface, name);
+  };
+  ask(getter(element, QStringLiteral("Name")),
+      [](const auto& reply, auto& node) { node.facts.title = propertyFrom(reply).toString(); });
+  ask(getter(element, QStringLiteral("Description")),
+      [](const auto& reply, auto& node) { node.facts.description = propertyFrom(reply).toString(); });
+  ask(method(kAccessible, QStringLiteral("GetRoleName")), [](const auto& reply, auto& node) {
+    node.facts.role = roleFrom(reply.arguments().value(0).toString());
+  });
+  if (depth >= 0) {
+    auto extents = method(kComponent, QStringLiteral("GetExtents"));
+    extents << 0U;  // screen coordinates
+    ask(extents, [](const auto& reply, auto& node) { node.facts.frame = frameFrom(reply); });
+  }
+  if (depth + 1 >= kDeepest) return;
+  ask(method(kAccessible, QStringLiteral("GetChildren")), [this, element, depth, ask](const auto& reply, auto& node) {
+    const auto children = refsFrom(reply);
+    node.children = children;  // before the next line: reading on moves the nodes
+    for (const auto& child : children) readNode(child, depth + 1);
+    if (!children.empty()) return;
+    // A plug-in of another process hides from the list, and is found by its index.
+    ask(getter(element, QStringLiteral("ChildCount")), [this, element, depth, ask](const auto& count, auto&) {
+      for (int i = 0; i < std::min(propertyFrom(count).toInt(), kMostChildren); ++i) {
+        auto message = QDBusMessage::createMethodCall(element.service, element.path, kAccessible,
+                                                      QStringLiteral("GetChildAtIndex"));
+        message << i;
+        ask(message, [this, depth](const auto& found, auto& parent) {
+          const auto plugged = refsFrom(found);
+          parent.children.insert(parent.children.end(), plugged.begin(), plugged.end());
+          for (const auto& child : plugged) readNode(child, depth + 1);
+        });
+      }
+    });
+  });
+}
+
+void AtSpiTree::finishIfDone() {
+  if (!m_job || m_job->open > 0) return;
+  m_reading = std::move(m_job->reading);
+  m_job.reset();
+}
+
+}  // namespace tarnwick

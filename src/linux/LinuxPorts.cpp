@@ -1,15 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "linux/LinuxPorts.h"
 
+#include "linux/atspi/AtSpiAccessibility.h"
+#include "linux/audio/PulseAudio.h"
+#include "linux/dbus/DBusInstance.h"
+#include "linux/dbus/FeedbackdHaptics.h"
+#include "linux/dbus/FreedesktopNotifications.h"
+#include "linux/dbus/LogindPower.h"
+#include "linux/dbus/PlankDock.h"
+#include "linux/pipewire/PipeWireCaptureWatch.h"
 #include "linux/qt/NoOtherPrograms.h"
 #include "linux/qt/QtScreens.h"
 #include "linux/qt/QtWindowServer.h"
 #include "linux/time/QtScheduler.h"
 #include "linux/time/SystemClock.h"
 #include "linux/x11/X11HotKeys.h"
+#include "linux/x11/X11OtherWindows.h"
 #include "linux/x11/X11Screens.h"
 #include "linux/x11/X11WindowServer.h"
+#include "linux/x11/X11Workspace.h"
 #include "linux/x11/XcbConnection.h"
+#include "linux/xdg/XdgAutostartLoginItem.h"
 #include "platform/Unavailable.h"
 
 #include <QGuiApplication>
@@ -19,7 +30,6 @@ namespace tarnwick {
 namespace {
 
 QString withoutX11() { return QGuiApplication::tr("needs an X11 display"); }
-QString notYet() { return QGuiApplication::tr("not supported here"); }
 
 /// The port's adapter, made at the first call.
 template <typename Port, typename Make>
@@ -54,7 +64,10 @@ Screens& LinuxPorts::screens() {
 }
 
 Workspace& LinuxPorts::workspace() {
-  return lazily(m_workspace, [] { return std::make_unique<NoWorkspace>(); });
+  return lazily(m_workspace, [this]() -> std::unique_ptr<Workspace> {
+    if (isX11()) return std::make_unique<X11Workspace>(*m_x, scheduler());
+    return std::make_unique<NoWorkspace>();
+  });
 }
 
 WindowServer& LinuxPorts::windowServer() {
@@ -65,11 +78,21 @@ WindowServer& LinuxPorts::windowServer() {
 }
 
 OtherWindows& LinuxPorts::otherWindows() {
-  return lazily(m_otherWindows, [] { return std::make_unique<NoOtherWindows>(); });
+  return lazily(m_otherWindows, [this]() -> std::unique_ptr<OtherWindows> {
+    if (isX11()) return std::make_unique<X11OtherWindows>(*m_x);
+    return std::make_unique<NoOtherWindows>();
+  });
+}
+
+PlankDock& LinuxPorts::plank() {
+  return lazily(m_plank, [] { return std::make_unique<PlankDock>(); });
 }
 
 Accessibility& LinuxPorts::accessibility() {
-  return lazily(m_accessibility, [] { return std::make_unique<UnavailableAccessibility>(notYet()); });
+  return lazily(m_accessibility, [this]() -> std::unique_ptr<Accessibility> {
+    if (isX11()) return std::make_unique<AtSpiAccessibility>(*m_x, plank());
+    return std::make_unique<UnavailableAccessibility>(withoutX11());
+  });
 }
 
 HotKeys& LinuxPorts::hotKeys() {
@@ -82,35 +105,44 @@ HotKeys& LinuxPorts::hotKeys() {
 }
 
 UserNotifications& LinuxPorts::notifications() {
-  return lazily(m_notifications, [] { return std::make_unique<UnavailableUserNotifications>(notYet()); });
+  return lazily(m_notifications,
+                [this] { return std::make_unique<FreedesktopNotifications>(clock(), scheduler(), power()); });
 }
 
 Audio& LinuxPorts::audio() {
-  return lazily(m_audio, [] { return std::make_unique<UnavailableAudio>(notYet()); });
+  return lazily(m_audio, [] { return std::make_unique<PulseAudio>(); });
 }
 
 Haptics& LinuxPorts::haptics() {
-  return lazily(m_haptics, [] { return std::make_unique<UnavailableHaptics>(notYet()); });
+  return lazily(m_haptics, []() -> std::unique_ptr<Haptics> {
+    if (FeedbackdHaptics::isInstalled()) return std::make_unique<FeedbackdHaptics>();
+    return std::make_unique<UnavailableHaptics>(QGuiApplication::tr("no feedback service"));
+  });
 }
 
 Power& LinuxPorts::power() {
-  return lazily(m_power, [] { return std::make_unique<UnavailablePower>(notYet()); });
+  return lazily(m_power, [this] { return std::make_unique<LogindPower>(clock(), scheduler()); });
 }
 
 CaptureWatch& LinuxPorts::captureWatch() {
-  return lazily(m_captureWatch, [] { return std::make_unique<UnavailableCaptureWatch>(notYet()); });
+  return lazily(m_captureWatch, []() -> std::unique_ptr<CaptureWatch> {
+#ifdef TARNWICK_HAS_PIPEWIRE
+    if (auto watch = std::make_unique<PipeWireCaptureWatch>(); watch->isUsable()) return watch;
+#endif
+    return std::make_unique<UnavailableCaptureWatch>(QGuiApplication::tr("no PipeWire in this session"));
+  });
 }
 
 Instance& LinuxPorts::instance() {
-  return lazily(m_instance, [] { return std::make_unique<UnavailableInstance>(notYet()); });
+  return lazily(m_instance, [] { return std::make_unique<DBusInstance>(); });
 }
 
 LoginItem& LinuxPorts::loginItem() {
-  return lazily(m_loginItem, [] { return std::make_unique<UnavailableLoginItem>(notYet()); });
+  return lazily(m_loginItem, [] { return std::make_unique<XdgAutostartLoginItem>(); });
 }
 
 DockPreferences& LinuxPorts::dockPreferences() {
-  return lazily(m_dockPreferences, [] { return std::make_unique<UnavailableDockPreferences>(); });
+  return lazily(m_dockPreferences, [this] { return std::make_unique<PlankDockPreferences>(plank()); });
 }
 
 QString LinuxPorts::session() const {

@@ -19,6 +19,7 @@ class HotKeys;
 class Instance;
 class LoginItem;
 class OtherWindows;
+class PlankDock;
 class Power;
 class Scheduler;
 class Screens;
@@ -56,6 +57,7 @@ class LinuxPorts final {
 
  private:
   [[nodiscard]] bool isX11() const { return m_x != nullptr; }
+  PlankDock& plank();
 
   std::unique_ptr<XcbConnection> m_x;  // null where Qt does not draw through X11
   std::unique_ptr<Clock> m_clock;
@@ -64,6 +66,7 @@ class LinuxPorts final {
   std::unique_ptr<Workspace> m_workspace;
   std::unique_ptr<WindowServer> m_windowServer;
   std::unique_ptr<OtherWindows> m_otherWindows;
+  std::unique_ptr<PlankDock> m_plank;
   std::unique_ptr<Accessibility> m_accessibility;
   std::unique_ptr<HotKeys> m_hotKeys;
   std::unique_ptr<Power> m_power;

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "linux/dbus/FreedesktopNotifications.h"
+
+#include "platform/Clock.h"
+#include "platform/Power.h"
+#include "platform/Scheduler.h"
+#include "platform/Workspace.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+#include <algorithm>
+
+namespace tarnwick {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+const QString kService = QStringLiteral("org.freedesktop.Notifications");
+const QString kPath = QStringLiteral("/org/freedesktop/Notifications");
+constexpr uchar kUrgencyNormal = 1;
+// A clock that is moved without anybody saying so is noticed after this at the latest.
+constexpr std::chrono::milliseconds kLongestWait = 1h;
+
+QDBusMessage callTo(const QString& method) {
+  return QDBusMessage::createMethodCall(kService, kPath, kService, method);
+}
+
+}  // namespace
+
+FreedesktopNotifications::FreedesktopNotifications(const Clock& clock, Scheduler& scheduler, Power& power)
+    : m_clock(clock), m_scheduler(scheduler) {
+  m_clockChanges = power.observe([this](PowerEvent event) {
+    if (event != PowerEvent::SessionBecameActive && event != PowerEvent::ScreensDidWake) fireDue();
+  });
+  auto bus = QDBusConnection::sessionBus();
+  m_hasBus = bus.isConnected();
+  if (!m_hasBus) return;
+  bus.connect(kService, kPath, kService, QStringLiteral("ActionInvoked"), this, SLOT(actionInvoked(uint, QString)));
+  bus.connect(kService, kPath, kService, QStringLiteral("NotificationClosed"), this, SLOT(notificationClosed(uint, uint)));
+  bus.connect(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+              QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameOwnerChanged"), {kService}, QString(), this,
+              SLOT(serviceChanged(QString, QString, QString)));
+}
+
+FreedesktopNotifications::~FreedesktopNotifications() = default;
+
+PortTraits FreedesktopNotifications::traits() const {
+  return m_hasBus ? PortTraits::served(QStringLiteral("freedesktop"))
+                  : PortTraits::unavailable(QCoreApplication::translate("Notifications", "no session bus"));
+}
+
+void FreedesktopNotifications::requestAuthorization() { askCapabilities(); }
+
+void FreedesktopNotifications::add(const NotificationRequest& request) {
+  std::erase_if(m_pending, [&](const auto& each) { return each.identifier == request.identifier; });
+  const auto place = std::upper_bound(m_pending.begin(), m_pending.end(), request,
+                                      [](const auto& a, const auto& b) { return a.firesAt < b.firesAt; });
+  m_pending.insert(place, request);
+  plan();
+}
+
+void FreedesktopNotifications::remove(const QStringList& identifiers) {
+  std::erase_if(m_pending, [&](const auto& each) { return identifiers.contains(each.identifier); });
+  plan();
+}
+
+void FreedesktopNotifications::removeAll() {
+  m_pending.clear();
+  plan();
+}
+
+Registration FreedesktopNotifications::onActedOn(std::function<void(const QString&)> observer) {
+  return m_actedOn.add(std::move(observer));
+}
+
+void FreedesktopNotifications::plan() {
+  m_timer.cancel();
+  if (m_pending.empty()) return;
+  const std::chrono::milliseconds left(m_clock.now().msecsTo(m_pending.front().firesAt));
+  m_timer = m_scheduler.after(std::clamp(left, 0ms, kLongestWait), [this] { fireDue(); });
+}
+
+void FreedesktopNotifications::fireDue() {
+  const auto now = m_clock.now();
+  std::vector<NotificationRequest> due;
+  while (!m_pending.empty() && m_pending.front().firesAt <= now) {
+    due.push_back(std::move(m_pending.front()));
+    m_pending.erase(m_pending.begin());
+  }
+  for (const auto& request : due) show(request);
+  plan();
+}
+
+void FreedesktopNotifications::show(const NotificationRequest& request) {
+  if (!m_hasBus) return;
+  uint replaces = 0;
+  for (auto shown = m_shown.cbegin(); shown != m_shown.cend(); ++shown) {
+    if (shown.value() == request.identifier) replaces = shown.key();
+  }
+  const QVariantMap hints{{QStringLiteral("desktop-entry"), kApplicationID},
+                          {QStringLiteral("urgency"), QVariant::fromValue(kUrgencyNormal)},
+                          {QStringLiteral("category"), QStringLiteral("x-tarnwick.reminder")},
+                          {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")}};
+  const QStringList actions =
+      m_hasActions ? QStringList{QStringLiteral("default"), QCoreApplication::translate("Notifications", "Open")}
+                   : QStringList();
+  auto call = callTo(QStringLiteral("Notify"));
+  call << QStringLiteral("Tarnwick") << replaces << kApplicationID << request.title
+       << (m_hasMarkup ? request.body.toHtmlEscaped() : request.body) << actions << hints << -1;
+  auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this,
+          [this, identifier = request.identifier](QDBusPendingCallWatcher* done) {
+            done->deleteLater();
+            const QDBusPendingReply<uint> reply = *done;
+            if (!reply.isError()) m_shown.insert(reply.value(), identifier);
+          });
+}
+
+void FreedesktopNotifications::askCapabilities() {
+  if (!m_hasBus) return;
+  auto* watcher = new QDBusPendingCallWatcher(
+      QDBusConnection::sessionBus().asyncCall(callTo(QStringLiteral("GetCapabilities"))), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* done) {
+    done->deleteLater();
+    const QDBusPendingReply<QStringList> reply = *done;
+    if (reply.isError()) return;
+    m_hasMarkup = reply.value().contains(u"body-markup");
+    m_hasActions = reply.value().contains(u"actions");
+  });
+}
+
+void FreedesktopNotifications::actionInvoked(uint id, const QString& action) {
+  if (action != u"default") return;
+  if (const auto identifier = m_shown.take(id); !identifier.isEmpty()) m_actedOn.notify(identifier);
+}
+
+void FreedesktopNotifications::notificationClosed(uint id, uint) { m_shown.remove(id); }
+
+void FreedesktopNotifications::serviceChanged(const QString&, const QString&, const QString& newOwner) {
+  m_shown.clear();  // numbers of a server that is gone
+  if (!newOwner.isEmpty()) askCapabilities();
+}
+
+}  // namespace tarnwick

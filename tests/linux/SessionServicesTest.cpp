@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: MIT
+// Buses, notifications, power and sound, against real servers (the login manager is a mock on the system bus).
+#include "Session.h"
+#include "fakes/FakeServices.h"
+#include "fakes/ManualTime.h"
+#include "linux/LinuxPorts.h"
+#include "linux/dbus/FreedesktopNotifications.h"
+#include "linux/x11/X11Clients.h"
+#include "platform/Audio.h"
+#include "platform/Instance.h"
+#include "platform/Power.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCall>
+#include <QtEndian>
+
+#include <algorithm>
+#include <csignal>
+
+namespace tarnwick {
+namespace {
+
+using namespace std::chrono_literals;
+using test::holdsSoon;
+using test::PeerProgram;
+
+const QString kApplication = QStringLiteral("app.tarnwick.Tarnwick");
+
+QString callRunning(const QString& method, const QStringList& arguments) {
+  return test::run(QStringLiteral("gdbus"),
+                   QStringList{QStringLiteral("call"), QStringLiteral("--session"), QStringLiteral("-d"), kApplication,
+                               QStringLiteral("-o"), QStringLiteral("/app/tarnwick/Tarnwick"), QStringLiteral("-m"), method} +
+                       arguments);
+}
+
+TEST(TheInstance, IsOneAndServesTheOthers) {
+  PeerProgram first;
+  first.tell("acquire");
+  ASSERT_TRUE(first.says(QStringLiteral("role first")));
+  PeerProgram second;
+  second.tell("acquire");
+  ASSERT_TRUE(second.says(QStringLiteral("role second")));
+  second.tell("forward list --json");
+  EXPECT_TRUE(second.says(QStringLiteral("reply 3 outerr")));
+  EXPECT_TRUE(first.says(QStringLiteral("command list --json")));
+}
+
+TEST(TheInstance, SpeaksTheStandardInterface) {
+  PeerProgram program;
+  program.tell("acquire");
+  ASSERT_TRUE(program.says(QStringLiteral("role first")));
+  callRunning(QStringLiteral("org.freedesktop.Application.Activate"), {QStringLiteral("{}")});
+  EXPECT_TRUE(program.says(QStringLiteral("reopen")));
+  callRunning(QStringLiteral("org.freedesktop.Application.ActivateAction"),
+              {QStringLiteral("new-note"), QStringLiteral("[]"), QStringLiteral("{}")});
+  EXPECT_TRUE(program.says(QStringLiteral("action new-note")));
+  const auto reply = callRunning(QStringLiteral("app.tarnwick.Tarnwick1.Command"),
+                                 {QStringLiteral("['toggle']"), QStringLiteral("text"), QStringLiteral("/tmp")});
+  EXPECT_EQ(reply.trimmed(), u"(3, 'out', 'err')");
+}
+
+TEST(TheInstance, GivesItsNameBackWhenItEnds) {
+  {
+    PeerProgram first;
+    first.tell("acquire");
+    ASSERT_TRUE(first.says(QStringLiteral("role first")));
+  }
+  PeerProgram next;
+  next.tell("forward status");
+  EXPECT_TRUE(next.says(QStringLiteral("reply 1 tarnwick: not running")));
+  next.tell("acquire");
+  EXPECT_TRUE(next.says(QStringLiteral("role first")));
+}
+
+TEST(TheInstance, WorksWithoutABusAndHearsSignals) {
+  auto environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/nonexistent"));
+  PeerProgram program("peer", environment);
+  program.tell("acquire");
+  ASSERT_TRUE(program.says(QStringLiteral("role nobus")));
+  kill(static_cast<pid_t>(program.pid()), SIGTERM);
+  EXPECT_TRUE(program.says(QStringLiteral("ends")));
+  EXPECT_FALSE(program.hasEnded()) << "the program decides how it ends";
+}
+
+class ADueNotification : public testing::Test {
+ protected:
+  /// The notification's window on the screen.
+  [[nodiscard]] std::optional<QRect> onScreen() const {
+    const XcbReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(x.get(), xcb_query_tree(x.get(), x.root()), nullptr));
+    if (!tree) return std::nullopt;
+    const auto* windows = xcb_query_tree_children(tree.get());
+    for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
+      const auto types = x.cardinals(windows[i], "_NET_WM_WINDOW_TYPE");
+      const bool isNotification =
+          std::find(types.begin(), types.end(), x.atom("_NET_WM_WINDOW_TYPE_NOTIFICATION")) != types.end();
+      if (isNotification && x.isViewable(windows[i])) return x.geometry(windows[i]);
+    }
+    return std::nullopt;
+  }
+  test::ManualTime time;
+  test::FakePower power;
+  XcbConnection x;
+};
+
+TEST_F(ADueNotification, IsShownAndTellsWhenItIsClicked) {
+  FreedesktopNotifications notifications(time, time, power);
+  notifications.requestAuthorization();
+  EXPECT_TRUE(notifications.traits().isAvailable);
+  QStringList acted;
+  const auto handle = notifications.onActedOn([&](const QString& identifier) { acted << identifier; });
+  notifications.add({QStringLiteral("id-due"), QStringLiteral("Due now"), QStringLiteral("a <b & c"), time.now().addSecs(60)});
+  EXPECT_FALSE(onScreen());
+  time.advance(1min);
+  ASSERT_TRUE(holdsSoon([&] { return onScreen().has_value(); }));
+  const auto place = onScreen()->center();
+  test::xdotool(QStringLiteral("mousemove %1 %2 click 1").arg(place.x()).arg(place.y()));
+  EXPECT_TRUE(holdsSoon([&] { return acted == QStringList{QStringLiteral("id-due")}; }));
+  EXPECT_TRUE(holdsSoon([&] { return !onScreen(); }));
+}
+
+class PowerEvents : public testing::Test {
+ protected:
+  void SetUp() override {
+    handle = ports.power().observe([this](PowerEvent event) { events.push_back(event); });
+  }
+  [[nodiscard]] bool got(PowerEvent event) const { return std::find(events.begin(), events.end(), event) != events.end(); }
+  static void emitLogin(const QString& path, const QStringList& arguments) {
+    test::run(QStringLiteral("gdbus"),
+              QStringList{QStringLiteral("call"), QStringLiteral("--system"), QStringLiteral("-d"),
+                          QStringLiteral("org.freedesktop.login1"), QStringLiteral("-o"), path, QStringLiteral("-m"),
+                          QStringLiteral("org.freedesktop.DBus.Mock.EmitSignal")} +
+                  arguments);
+  }
+  LinuxPorts ports;
+  Registration handle;
+  std::vector<PowerEvent> events;
+};
+
+TEST_F(PowerEvents, ComeWhenTheMachineWakesButNotWhenItGoesToSleep) {
+  const auto sleep = [](const char* isDown) {
+    emitLogin(QStringLiteral("/org/freedesktop/login1"),
+              {QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("PrepareForSleep"), QStringLiteral("b"),
+               QStringLiteral("[<%1>]").arg(QLatin1String(isDown))});
+  };
+  sleep("true");
+  sleep("false");
+  ASSERT_TRUE(holdsSoon([&] { return !events.empty(); }));
+  EXPECT_EQ(events, std::vector{PowerEvent::DidWake});
+}
+
+TEST_F(PowerEvents, ComeWhenTheSessionBecomesActive) {
+  const auto active = [] {
+    emitLogin(QStringLiteral("/org/freedesktop/login1/session/c1"),
+              {QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"),
+               QStringLiteral("sa{sv}as"),
+               QStringLiteral("[<'org.freedesktop.login1.Session'>, <{'Active': <true>}>, <@as []>]")});
+  };
+  EXPECT_TRUE(holdsSoon([&] {
+    if (!got(PowerEvent::SessionBecameActive)) active();
+    return got(PowerEvent::SessionBecameActive);
+  }));
+}
+
+TEST_F(PowerEvents, ComeWhenTheScreenSaverEnds) {
+  const auto saver = [](bool isOn) {  // any sender: there are several screen savers
+    auto signal = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/ScreenSaver"),
+                                             QStringLiteral("org.freedesktop.ScreenSaver"), QStringLiteral("ActiveChanged"));
+    signal << isOn;
+    auto other = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("screen-saver"));
+    other.send(signal);
+  };
+  saver(true);
+  saver(false);
+  ASSERT_TRUE(holdsSoon([&] { return !events.empty(); }));
+  EXPECT_EQ(events, std::vector{PowerEvent::ScreensDidWake});
+}
+
+QByteArray tone() {
+  constexpr quint32 samples = 16000;
+  QByteArray wav("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\x01\0\x01\0\x44\xac\0\0\x88\x58\x01\0\x02\0\x10\0data", 40);
+  QByteArray size(4, '\0');
+  qToLittleEndian<quint32>(samples * 2, size.data());
+  wav += size;
+  for (quint32 i = 0; i < samples; ++i) {
+    QByteArray sample(2, '\0');
+    qToLittleEndian<qint16>(i / 50 % 2 == 0 ? 8000 : -8000, sample.data());
+    wav += sample;
+  }
+  return wav;
+}
+
+class Sound : public testing::Test {
+ protected:
+  void SetUp() override {
+    recorder.start(QStringLiteral("parec"), {QStringLiteral("-d"), QStringLiteral("probe.monitor"), QStringLiteral("--raw"),
+                                             QStringLiteral("--latency-msec=20"), QStringLiteral("--channels=1")});
+    ASSERT_TRUE(holdsSoon([&] { return recorder.bytesAvailable() > 0; })) << "the recorder runs";
+    ASSERT_TRUE(holdsSoon([&] { return ports.audio().traits().isAvailable; }));
+  }
+  void TearDown() override {
+    recorder.kill();
+    recorder.waitForFinished();
+  }
+  /// The loudest sample since the last call.
+  int peak() {
+    const auto bytes = recorder.readAllStandardOutput();
+    int loudest = 0;
+    for (qsizetype i = 0; i + 1 < bytes.size(); i += 2) {
+      loudest = std::max(loudest, std::abs(static_cast<int>(qFromLittleEndian<qint16>(bytes.constData() + i))));
+    }
+    return loudest;
+  }
+  LinuxPorts ports;
+  QProcess recorder;
+};
+
+TEST_F(Sound, PlaysAtItsVolumeAgainAndAgain) {
+  const auto player = ports.audio().prepare(tone());
+  ASSERT_TRUE(player);
+  for (const double volume : {0.5, 0.25}) {
+    int loudest = 0;
+    EXPECT_TRUE(holdsSoon([&] {
+      if (loudest == 0) {  // the stream may still be opening
+        player->rewind();
+        player->setVolume(volume);
+        player->play();
+        holdsSoon([&] { return recorder.bytesAvailable() > 20000; });
+      }
+      loudest = std::max(loudest, peak());
+      return loudest > 0;
+    }));
+    EXPECT_NEAR(loudest, 8000 * volume, 40);
+    EXPECT_TRUE(holdsSoon([&] { return recorder.bytesAvailable() > 8000 && peak() == 0; })) << "it ends";
+  }
+}
+
+TEST_F(Sound, HasStockSounds) {
+  EXPECT_TRUE(holdsSoon([&] {
+    ports.audio().playStock(QStringLiteral("Pop"));
+    holdsSoon([&] { return recorder.bytesAvailable() > 20000; });
+    return peak() > 3000;
+  }));
+}
+
+TEST_F(Sound, OfNoWavImageCannotBePrepared) { EXPECT_FALSE(ports.audio().prepare("no sound")); }
+
+}  // namespace
+}  // namespace tarnwick

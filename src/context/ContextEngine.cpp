@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <utility>
 
 namespace tarnwick {
 
@@ -70,6 +71,7 @@ void ContextEngine::start() {
 void ContextEngine::stop() {
   m_workspaceObserver.cancel();
   m_debounceWork.cancel();
+  m_waiting.reset();
   ++m_generation;
 }
 
@@ -107,31 +109,50 @@ std::optional<QString> ContextEngine::extractFolderPath(const RunningApplication
 }
 
 void ContextEngine::resolveGitContext(std::optional<QString> bundleID, std::optional<QString> folder) {
-  const auto generation = ++m_generation;
+  ++m_generation;
+  m_waiting.reset();
   ContextSnapshot snapshot{std::move(bundleID), std::move(folder), std::nullopt, std::nullopt};
   if (!snapshot.folderPath) {
     publish(std::move(snapshot));
     return;
   }
-  const auto isCurrent = [self = QPointer<ContextEngine>(this), generation] {
-    return self && self->m_generation == generation;
+  m_waiting = std::move(snapshot);
+  askGit();
+}
+
+void ContextEngine::askGit() {
+  // Only the newest folder waits: behind a git that hangs, older ones would hold it up for nothing.
+  if (m_isAskingGit || !m_waiting) return;
+  m_isAskingGit = true;
+  const auto snapshot = *std::exchange(m_waiting, std::nullopt);
+  const auto answered = [self = QPointer<ContextEngine>(this), generation = m_generation](auto work) {
+    if (!self) return;
+    const bool isDone = self->m_generation != generation || work();
+    if (!isDone || !self) return;
+    self->m_isAskingGit = false;
+    self->askGit();
+  };
+  const auto askBranch = [this, answered](const ContextSnapshot& found) {
+    m_ports.git.run({QStringLiteral("-C"), *found.gitRoot, QStringLiteral("branch"), QStringLiteral("--show-current")},
+                    [this, answered, found](const std::optional<QString>& branch) {
+                      answered([&] {
+                        publish({found.frontBundleID, found.folderPath, found.gitRoot, branch});
+                        return true;
+                      });
+                    });
   };
   m_ports.git.run({QStringLiteral("-C"), *snapshot.folderPath, QStringLiteral("rev-parse"),
                    QStringLiteral("--show-toplevel")},
-                  [this, isCurrent, snapshot](std::optional<QString> root) mutable {
-                    if (!isCurrent()) return;
-                    if (!root) {
-                      publish(std::move(snapshot));
-                      return;
-                    }
-                    snapshot.gitRoot = root;
-                    m_ports.git.run({QStringLiteral("-C"), *root, QStringLiteral("branch"),
-                                     QStringLiteral("--show-current")},
-                                    [this, isCurrent, snapshot](std::optional<QString> branch) mutable {
-                                      if (!isCurrent()) return;
-                                      snapshot.gitBranch = std::move(branch);
-                                      publish(std::move(snapshot));
-                                    });
+                  [this, answered, askBranch, snapshot](const std::optional<QString>& root) {
+                    answered([&] {
+                      const ContextSnapshot found{snapshot.frontBundleID, snapshot.folderPath, root, std::nullopt};
+                      if (root) {
+                        askBranch(found);
+                      } else {
+                        publish(found);
+                      }
+                      return !root;
+                    });
                   });
 }
 

@@ -64,6 +64,7 @@ class ContextEngine final : public QObject {
   void setLastExternalApp(const RunningApplication& application);
   [[nodiscard]] std::optional<QString> extractFolderPath(const RunningApplication& application) const;
   void resolveGitContext(std::optional<QString> bundleID, std::optional<QString> folder);
+  void askGit();
   void publish(ContextSnapshot snapshot);
 
   Ports m_ports;
@@ -73,6 +74,8 @@ class ContextEngine final : public QObject {
   std::optional<RunningApplication> m_lastExternalApp;
   Registration m_workspaceObserver;
   Registration m_debounceWork;
+  std::optional<ContextSnapshot> m_waiting;  // for git to be free
+  bool m_isAskingGit = false;
   quint64 m_generation = 0;  // of the update under way; older answers are dropped
 };
 

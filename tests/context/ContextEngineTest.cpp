@@ -185,6 +185,38 @@ TEST_F(Context, aSlowAnswerDoesNotReplaceANewerContext) {
   EXPECT_EQ(posted, QStringList{u"- org.browser"_s});
 }
 
+TEST_F(Context, behindASlowGitOnlyTheNewestFolderWaits) {
+  repository(u"/u/three"_s, u"/u/three"_s, u"main"_s);
+  git.isHolding = true;
+  engine.start();
+  for (const auto& name : {u"one"_s, u"two"_s, u"three"_s}) {
+    show(code, u"/u/%1/a.c"_s.arg(name));
+    time.advance(1s);
+  }
+  EXPECT_EQ(git.asked, QStringList{u"-C /u/one rev-parse --show-toplevel"_s});
+  git.isHolding = false;
+  git.release();
+  EXPECT_EQ(git.asked.mid(1), (QStringList{u"-C /u/three rev-parse --show-toplevel"_s,
+                                           u"-C /u/three branch --show-current"_s}));
+  EXPECT_EQ(engine.snapshot(), (ContextSnapshot{code.bundleID, u"/u/three"_s, u"/u/three"_s, u"main"_s}));
+  EXPECT_EQ(posted, QStringList{u"/u/three com.microsoft.VSCode"_s});
+}
+
+TEST_F(Context, anotherFolderBetweenRootAndBranchIsAskedNext) {
+  repository(u"/u/one"_s, u"/u/one"_s, u"main"_s);
+  repository(u"/u/two"_s, u"/u/two"_s, u"side"_s);
+  git.isHolding = true;
+  engine.start();
+  show(code, u"/u/one/a.c"_s);
+  time.advance(1s);
+  git.release();  // the root of the first; its branch is asked now
+  show(code, u"/u/two/a.c"_s);
+  time.advance(1s);
+  for (int i = 0; i < 3; ++i) git.release();
+  EXPECT_EQ(engine.snapshot(), (ContextSnapshot{code.bundleID, u"/u/two"_s, u"/u/two"_s, u"side"_s}));
+  EXPECT_EQ(posted.size(), 1);
+}
+
 TEST_F(Context, afterStopNothingIsAskedOrTold) {
   engine.start();
   show(code, u"/u/proj/a.c"_s);

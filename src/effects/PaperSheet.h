@@ -10,6 +10,7 @@
 #include <QString>
 
 class QPainter;
+class QUuid;
 
 namespace tarnwick {
 
@@ -38,6 +39,6 @@ struct PaperSheet {
 };
 
 /// A stable seed of a note.
-[[nodiscard]] quint32 paperSeed(const class QUuid& id);
+[[nodiscard]] quint32 paperSeed(const QUuid& id);
 
 }  // namespace tarnwick

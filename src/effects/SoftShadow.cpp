@@ -19,24 +19,61 @@ PixmapCache& cache() {
   return kept;
 }
 
-// One running-sum pass over a line of `count` samples, `stride` apart.
-void blurLine(uchar* first, int count, qsizetype stride, int radius, std::vector<uchar>& copy) {
-  for (int i = 0; i < count; ++i) {
-    copy[static_cast<size_t>(i)] = first[i * stride];
+// The mean of a window as a multiplication: 16 bits of fraction.
+struct Mean {
+  explicit Mean(int radius) : window(2 * radius + 1), share((1U << 16U) / static_cast<quint32>(window) + 1) {}
+  [[nodiscard]] uchar of(int sum) const {
+    return static_cast<uchar>(std::min((static_cast<quint32>(sum) * share) >> 16U, 255U));
   }
-  const int window = 2 * radius + 1;
-  int sum = 0;
-  for (int i = 0; i < std::min(radius, count); ++i) {
-    sum += copy[static_cast<size_t>(i)];
+  int window;
+  quint32 share;
+};
+
+void blurRows(const QImage& from, QImage& to, int radius) {
+  const Mean mean(radius);
+  const int width = from.width();
+  for (int y = 0; y < from.height(); ++y) {
+    const uchar* source = from.constScanLine(y);
+    uchar* target = to.scanLine(y);
+    int sum = mean.window / 2;
+    for (int x = 0; x < std::min(radius, width); ++x) {
+      sum += source[x];
+    }
+    for (int x = 0; x < width; ++x) {
+      sum += x + radius < width ? source[x + radius] : 0;
+      target[x] = mean.of(sum);
+      sum -= x >= radius ? source[x - radius] : 0;
+    }
   }
-  for (int i = 0; i < count; ++i) {
-    if (i + radius < count) {
-      sum += copy[static_cast<size_t>(i + radius)];
+}
+
+// All columns at once, row by row: the memory is walked in its order.
+void blurColumns(const QImage& from, QImage& to, int radius) {
+  const Mean mean(radius);
+  const int width = from.width();
+  const int height = from.height();
+  std::vector<int> sums(static_cast<size_t>(width), mean.window / 2);
+  const auto add = [&](int y, int sign) {
+    if (y < 0 || y >= height) {
+      return;
     }
-    first[i * stride] = static_cast<uchar>((sum + window / 2) / window);
-    if (i - radius >= 0) {
-      sum -= copy[static_cast<size_t>(i - radius)];
+    const uchar* source = from.constScanLine(y);
+    int* sum = sums.data();
+    for (int x = 0; x < width; ++x) {
+      sum[x] += sign * source[x];
     }
+  };
+  for (int y = 0; y < radius; ++y) {
+    add(y, 1);
+  }
+  for (int y = 0; y < height; ++y) {
+    add(y + radius, 1);
+    uchar* target = to.scanLine(y);
+    const int* sum = sums.data();
+    for (int x = 0; x < width; ++x) {
+      target[x] = mean.of(sum[x]);
+    }
+    add(y - radius, -1);
   }
 }
 
@@ -69,17 +106,10 @@ QImage boxBlurred(QImage alpha, double sigma) {
   if (radius < 1 || alpha.isNull()) {
     return alpha;
   }
-  const int width = alpha.width();
-  const int height = alpha.height();
-  std::vector<uchar> copy(static_cast<size_t>(std::max(width, height)));
-  uchar* bits = alpha.bits();
+  QImage between(alpha.size(), QImage::Format_Alpha8);
   for (int pass = 0; pass < 3; ++pass) {
-    for (int y = 0; y < height; ++y) {
-      blurLine(bits + y * alpha.bytesPerLine(), width, 1, radius, copy);
-    }
-    for (int x = 0; x < width; ++x) {
-      blurLine(bits + x, height, alpha.bytesPerLine(), radius, copy);
-    }
+    blurRows(alpha, between, radius);
+    blurColumns(between, alpha, radius);
   }
   return alpha;
 }

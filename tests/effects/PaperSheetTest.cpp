@@ -236,6 +236,14 @@ TEST(SoftShadows, SpreadByTheirSigmaAndLoseNothing) {
   }
 }
 
+TEST(SoftShadows, StayFullInTheMiddleOfWhatIsLarge) {
+  QImage alpha(600, 20, QImage::Format_Alpha8);
+  alpha.fill(255);
+  for (const double sigma : {2.0, 40.0, 90.0}) {
+    EXPECT_GE(boxBlurred(alpha.scaled(600, 600), sigma).constScanLine(300)[300], 250) << sigma;
+  }
+}
+
 TEST(SoftShadows, AreMadeAnewForEachScale) {
   const auto edge = [](double scale) {
     return painted(QSize(60, 60), scale, Qt::transparent, [](QPainter& painter) {

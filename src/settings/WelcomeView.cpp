@@ -271,6 +271,8 @@ void WelcomeView::paintEvent(QPaintEvent* /*event*/) {
 
 void WelcomeView::paintBackdrop(QPainter& painter) const {
   const QRectF box(rect());
+  // A mask has whole pixels only: those that the outline cuts show this.
+  if (!testAttribute(Qt::WA_TranslucentBackground)) painter.fillRect(box, QColor(Qt::black));
   QPainterPath outline;
   outline.addRoundedRect(box, kRadius, kRadius);
   QLinearGradient wall(box.topLeft(), QPointF(box.left() + box.width() * .3, box.bottom()));

@@ -115,6 +115,14 @@ TEST_F(Welcome, isCutToItsOutlineWhereNothingIsBlended) {
   EXPECT_FALSE(view().testAttribute(Qt::WA_TranslucentBackground));
   EXPECT_FALSE(view().mask().contains(QPoint(2, 2)));
   EXPECT_TRUE(view().mask().contains(QPoint(220, 2)));
+  const auto seen = view().grab().toImage();
+  int light = 0;
+  for (int y = 0; y < seen.height(); ++y) {
+    for (int x = view().width() - 22; x < view().width(); ++x) {
+      light += view().mask().contains(QPoint(x, y)) && seen.pixelColor(x, y).lightness() > 110 ? 1 : 0;
+    }
+  }
+  EXPECT_EQ(light, 0) << "pixels that the outline cuts are dark";
 }
 
 TEST_F(Welcome, aPageArrivesWithASpringAndThenRests) {

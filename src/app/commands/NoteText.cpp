@@ -55,8 +55,6 @@ bool isPresent(const std::optional<T>& value) {
 
 }  // namespace
 
-QString idText(const QUuid& id) { return id.toString(QUuid::WithoutBraces).toUpper(); }
-
 QString momentText(const QDateTime& moment, const Calendar& calendar) {
   return json::isoText(moment, calendar).value_or(QString::number(moment.toMSecsSinceEpoch()));
 }

@@ -11,8 +11,6 @@ namespace tarnwick {
 
 class ModelContext;
 
-/// Upper case, without braces.
-[[nodiscard]] QString idText(const QUuid& id);
 /// "2026-03-01T09:00:00.000+01:00", the moment as the zone's clocks show it.
 [[nodiscard]] QString momentText(const QDateTime& moment, const Calendar& calendar);
 /// One line to choose from: the beginning of the id, the first line of the text, what else matters in brackets.

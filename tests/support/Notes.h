@@ -63,7 +63,7 @@ namespace tarnwick::test {
   record.tagRaw = QStringLiteral("blue");
   record.pinnedBundleID = QStringLiteral("org.example.Editor");
   record.gitRepoPath = QStringLiteral("/home/me/a \"b\" \\ c");
-  record.gitBranch = QStringLiteral("feature/ä");
+  record.gitBranch = QStringLiteral("feature/ä--->b");
   record.paperThemeRaw = QStringLiteral("from the future");
   record.stampRaw = QStringLiteral("star");
   record.isTornOff = true;

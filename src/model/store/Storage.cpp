@@ -128,7 +128,8 @@ Result<void> ModelContainer::Storage::prepareForWriting() {
   m_statements = std::make_unique<Statements>(connection);
   if (!m_statements->areValid()) return storeError(ErrorKind::Damaged, connection.path());
   // Taking the write lock once tells whether saves will be possible.
-  if (!connection.execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL; BEGIN IMMEDIATE; ROLLBACK"))
+  if (!connection.execute("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL; "
+                          "PRAGMA journal_size_limit = 4194304; BEGIN IMMEDIATE; ROLLBACK"))
     return connection.lastError();
   return {};
 }

@@ -42,6 +42,12 @@ TEST(MarkdownExchange, carriesEveryFieldOfEveryNote) {
   }
 }
 
+TEST(MarkdownExchange, noFieldEndsItsCommentEarly) {
+  const auto bytes = MarkdownExchange::write({fullNote()}, berlin());
+  EXPECT_EQ(bytes.count("-->"), 1);
+  EXPECT_EQ(readBack(bytes).at(0).gitBranch, fullNote().gitBranch);
+}
+
 TEST(MarkdownExchange, aFileThatWentThroughAnotherSystemsEditorIsTheSame) {
   auto notes = std::vector{note(u"one\n\ntwo"_s), fullNote()};
   auto bytes = MarkdownExchange::write(notes, berlin());

@@ -180,6 +180,23 @@ TEST(Store, aNoteRemovedAndInsertedAgainIsSavedOnce) {
   EXPECT_EQ(foreignText(folder.path(), "SELECT count(*) || text FROM Task"), u"1again"_s);
 }
 
+TEST(Store, aNoteChangedAndThenRemovedIsGone) {
+  const StoreFolder folder;
+  const auto store = folder.open();
+  auto& context = store->mainContext();
+  const auto stored = context.insert(note());
+  ASSERT_TRUE(context.save());
+  stored->set(&TaskRecord::text, u"last words"_s);
+  context.remove(stored);
+  stored->set(&TaskRecord::text, u"from beyond"_s);
+  const auto fresh = context.insert(note());
+  fresh->set(&TaskRecord::text, u"never seen"_s);
+  context.remove(fresh);
+  ASSERT_TRUE(context.save());
+  EXPECT_EQ(foreignText(folder.path(), "SELECT count(*) FROM Task"), u"0"_s);
+  EXPECT_TRUE(context.fetchTasks().empty());
+}
+
 TEST(Store, aFailedSaveKeepsRecordsAndChangesForTheNextOne) {
   const StoreFolder folder;
   const auto store = folder.open();

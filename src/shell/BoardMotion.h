@@ -26,7 +26,8 @@ enum class MotionScale { Full, FadeOnly };
 struct BoardMotion {
   MotionKind kind = MotionKind::Drop;
   MotionScale scale = MotionScale::Full;
-  QPointF pivot;  // in the panel's own top-left coordinates
+  QPointF pivot;          // in the panel's own top-left coordinates
+  double startAlpha = 0;  // what a tuck fades from
 
   /// Seconds.
   [[nodiscard]] double duration() const;
@@ -34,6 +35,7 @@ struct BoardMotion {
   [[nodiscard]] QTransform transform(double seconds) const;
 };
 
+/// The standard timing curves; the fraction is clamped to 0...1.
 [[nodiscard]] double easeIn(double fraction);
 [[nodiscard]] double easeOut(double fraction);
 [[nodiscard]] double easeInOut(double fraction);

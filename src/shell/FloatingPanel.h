@@ -16,6 +16,7 @@
 #include <QUuid>
 #include <QWidget>
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -25,6 +26,7 @@
 namespace tarnwick {
 
 struct BoardServices;
+class CaptureVeil;
 class TornNotePanel;
 
 /// What can be told about one torn-off window.
@@ -81,6 +83,10 @@ class FloatingPanel final : public QWidget, public TornNotes {
   [[nodiscard]] DesktopRect boardFrame() const override { return m_frame; }
   void hideBoard() override { orderOut(); }
 
+ Q_SIGNALS:
+  /// The board came up and has the keyboard: whoever made the content gives the focus to the right place in it.
+  void presented();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -92,6 +98,7 @@ class FloatingPanel final : public QWidget, public TornNotes {
   /// Places the panel at its anchor; returns the pivot of the motion, in the panel's own top-left coordinates.
   QPointF anchorToStatusItem();
   [[nodiscard]] QPointF tuckPivot() const;
+  [[nodiscard]] QPointF pivotFor(const DesktopRect& anchor) const;
   void setFrame(const DesktopRect& frame);
   void applyGeometry();
   /// Margins, mask and input shape for a desktop with or without a compositor.
@@ -99,15 +106,21 @@ class FloatingPanel final : public QWidget, public TornNotes {
   void applySharing();
   void showInFront();
   void startMotion(BoardMotion motion);
-  void stepMotion(std::chrono::nanoseconds now);
+  void stepMotion();
   void endMotion();
   void setAlpha(double alpha);
-  void paintShadow(QPainter& painter);
   void screensChanged();
-  void forget(const QUuid& id);
-  void readRememberedFrames();
-  [[nodiscard]] int margin() const;
   [[nodiscard]] bool isVeiled() const;
+  /// Width of the window's rim around the board: room for the shadow, or the black edge.
+  [[nodiscard]] int rim() const;
+  void forwardMouse(QMouseEvent* event);
+
+  [[nodiscard]] DesktopRect visibleFrameAtPointer() const;
+  [[nodiscard]] DesktopRect placeForTornNote(const QUuid& id, const std::optional<DesktopRect>& near, DesktopSize size);
+  void rememberFrame(const QUuid& id);
+  void readRememberedFrames();
+  /// Takes the window out of the table and away; it is released when no event of its own is under way.
+  void dropPanel(const QUuid& id);
 
   const BoardServices& m_services;
   ShellPorts m_ports;
@@ -116,22 +129,24 @@ class FloatingPanel final : public QWidget, public TornNotes {
   DesktopRect m_frame{0, 0, kSide, kSide};  // inner panel, as wanted; the window system may lag behind
   DesktopSpace m_space;
   GhostController m_ghost;
+  std::unique_ptr<CaptureVeil> m_veil;
   std::map<QUuid, std::unique_ptr<TornNotePanel>> m_tornPanels;
+  std::vector<std::unique_ptr<TornNotePanel>> m_leaving;
   std::map<QUuid, DesktopRect> m_rememberedFrames;  // as read at start-up
   SharingType m_sharing = SharingType::ReadOnly;
   bool m_isDismissing = false;
+  bool m_isComposited = true;
   double m_alpha = 1;
   std::optional<BoardMotion> m_motion;
   std::chrono::nanoseconds m_motionStart{0};
   QPixmap m_picture;  // of the content, while it moves
-  QPixmap m_shadow;
-  std::optional<QPointF> m_dragOffset;
+  std::optional<QPointF> m_dragOffset;  // from the frame's top-left corner to the pointer, Qt's coordinates
+  QPointer<QWidget> m_pressed;          // the part of the content that a press during the drop was meant for
   Registration m_frames;
   Registration m_replace;
-  Registration m_screensObserver;
-  Registration m_captureObserver;
-  std::vector<std::unique_ptr<TornNotePanel>> m_leaving;  // closed from within their own events
   Registration m_release;
+  Registration m_rememberWork;
+  Registration m_screensObserver;
 };
 
 }  // namespace tarnwick

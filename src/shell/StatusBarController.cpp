@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "shell/StatusBarController.h"
+
+#include "effects/Controls.h"
+#include "effects/Symbols.h"
+#include "effects/Tokens.h"
+#include "model/AppNotesPrefs.h"
+#include "platform/Scheduler.h"
+#include "platform/Screens.h"
+#include "shell/FloatingPanel.h"
+#include "shell/Placement.h"
+
+#include <QAction>
+#include <QCursor>
+
+namespace tarnwick {
+
+namespace {
+
+// A session's panel may come up well after what it starts.
+constexpr std::chrono::seconds kPresenceDelay(8);
+
+QIcon symbol(const QString& name) {
+  return QIcon(Symbols::pixmap(name, 16, QColor::fromRgb(tokens::kText2), 2));
+}
+
+}  // namespace
+
+StatusBarController::StatusBarController(FloatingPanel& panel, Services services, Actions actions)
+    : m_panel(panel),
+      m_services(std::move(services)),
+      m_actions(std::move(actions)),
+      m_menu(std::make_unique<QMenu>()) {
+  m_menu->setTitle(tr("Tarnwick"));
+  styleMenu(*m_menu);
+  // A tray that draws the menu itself asks for it before it ever shows one.
+  buildMenu();
+  connect(m_menu.get(), &QMenu::aboutToShow, this, &StatusBarController::buildMenu);
+  m_item.setIcon(Symbols::trayIcon());
+  m_item.setToolTip(tr("Tarnwick — ⌘⇧T"));
+  m_item.setContextMenu(m_menu.get());
+  connect(&m_item, &QSystemTrayIcon::activated, this, &StatusBarController::statusItemPressed);
+  m_panel.setAnchorSource([this] { return anchor(); });
+}
+
+StatusBarController::~StatusBarController() { m_panel.setAnchorSource({}); }
+
+void StatusBarController::start() {
+  m_item.show();
+  if (m_services.isTrayPresent()) return;
+  m_presenceCheck = m_services.scheduler.after(kPresenceDelay, [this] {
+    if (!m_services.isTrayPresent()) Q_EMIT trayMissing();
+  });
+}
+
+void StatusBarController::buildMenu() {
+  m_menu->clear();
+  const auto add = [this](const QString& title, const QString& symbolName, const QKeySequence& keys,
+                          void (StatusBarController::*action)()) {
+    auto* item = m_menu->addAction(title, this, action);
+    if (!symbolName.isEmpty()) item->setIcon(symbol(symbolName));
+    item->setShortcut(keys);
+    item->setShortcutVisibleInContextMenu(true);
+    return item;
+  };
+  add(tr("Open Board"), QStringLiteral("board"), QKeySequence(Qt::META | Qt::SHIFT | Qt::Key_T),
+      &StatusBarController::toggleDesk);
+  add(tr("New Note"), QStringLiteral("plus"), QKeySequence(Qt::META | Qt::Key_N), &StatusBarController::newNoteAction);
+  m_menu->addSeparator();
+  auto* privacy = add(tr("Hide Notes from Screen Sharing"), QStringLiteral("eyeSlash"), {},
+                      &StatusBarController::togglePrivacy);
+  privacy->setCheckable(true);
+  privacy->setChecked(m_services.prefs.hideFromCapture());
+  add(tr("Settings…"), QStringLiteral("gear"), QKeySequence(Qt::META | Qt::Key_Comma),
+      &StatusBarController::openSettings);
+  add(tr("Quit Tarnwick"), {}, QKeySequence(Qt::META | Qt::Key_Q), &StatusBarController::quit);
+}
+
+void StatusBarController::statusItemPressed(QSystemTrayIcon::ActivationReason reason) {
+  if (reason != QSystemTrayIcon::Trigger) return;
+  rememberPointer();
+  toggleDesk();
+}
+
+void StatusBarController::rememberPointer() {
+  const auto pointer = m_services.screens.space().fromQt(QPointF(QCursor::pos()));
+  m_clickedAnchor = placement::anchorAtPointer(pointer, m_services.screens.screenAt(pointer));
+}
+
+std::optional<DesktopRect> StatusBarController::anchor() const {
+  const QRect item = m_item.geometry();
+  if (item.isValid() && !item.isEmpty()) return m_services.screens.space().fromQt(QRectF(item));
+  return m_clickedAnchor;
+}
+
+void StatusBarController::toggleDesk() { m_panel.toggle(); }
+
+void StatusBarController::newNoteAction() {
+  if (m_actions.addTask) m_actions.addTask();
+}
+
+void StatusBarController::togglePrivacy() {
+  m_services.prefs.setHideFromCapture(!m_services.prefs.hideFromCapture());
+}
+
+void StatusBarController::openSettings() {
+  if (m_actions.openSettings) m_actions.openSettings();
+}
+
+void StatusBarController::quit() {
+  if (m_actions.quit) m_actions.quit();
+}
+
+}  // namespace tarnwick

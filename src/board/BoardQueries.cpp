@@ -31,13 +31,21 @@ int count(const TaskList& tasks, bool (*isCounted)(const Task&)) {
 }  // namespace
 
 TaskList newestFirst(TaskList tasks) {
-  std::ranges::sort(tasks, [](const TaskPtr& a, const TaskPtr& b) {
-    const auto& left = a->record();
-    const auto& right = b->record();
-    if (left.createdAt != right.createdAt) return left.createdAt > right.createdAt;
-    return left.id < right.id;
+  struct Key {
+    qint64 createdAt;  // read once: comparing dates is dear when there are many
+    size_t index;
+  };
+  std::vector<Key> order;
+  order.reserve(tasks.size());
+  for (size_t i = 0; i < tasks.size(); ++i) order.push_back({tasks[i]->record().createdAt.toMSecsSinceEpoch(), i});
+  std::ranges::sort(order, [&tasks](const Key& a, const Key& b) {
+    if (a.createdAt != b.createdAt) return a.createdAt > b.createdAt;
+    return tasks[a.index]->id() < tasks[b.index]->id();
   });
-  return tasks;
+  TaskList sorted;
+  sorted.reserve(tasks.size());
+  for (const Key& key : order) sorted.push_back(std::move(tasks[key.index]));
+  return sorted;
 }
 
 TaskList matchingTasks(const TaskList& tasks, const BoardFilter& filter, const Calendar& calendar) {

@@ -90,6 +90,10 @@ Result<TaskPtr> findNote(const ModelContext& context, const QString& word) {
   const QString wanted = word.toUpper();
   const Error none{ErrorKind::NotFound, Words::tr("no note with the id %1").arg(word)};
   if (wanted.size() < kLeastID) return none;
+  if (const QUuid whole = QUuid::fromString(wanted); !whole.isNull() && idText(whole) == wanted) {
+    const TaskPtr task = context.findTask(whole);
+    return task ? Result<TaskPtr>(task) : none;
+  }
   TaskPtr found;
   for (const TaskPtr& task : context.fetchTasks()) {
     if (!idText(task->id()).startsWith(wanted)) continue;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-// What the store costs: saving one note beside a bare upsert of SQLite, opening 100,000 notes beside reading their rows
-// into records, and whether a save grows with the notes that did not change.
+// What the store costs: saving one note beside a bare upsert of SQLite, opening 100,000 notes up to the board's list
+// beside reading their rows into records, searching them beside one pass over their texts, and whether a save grows
+// with the notes that did not change.
+#include "board/BoardQueries.h"
 #include "model/store/ModelContainer.h"
 
 #include <QFile>
@@ -259,7 +261,12 @@ struct OpenCosts {
   double rows = 0;
 };
 
+Calendar berlin() {
+  return {QTimeZone("Europe/Berlin"), QLocale(QLocale::German, QLocale::Germany)};
+}
+
 OpenCosts measureOpening(const QString& path) {
+  const auto now = QDateTime::fromMSecsSinceEpoch(1'800'000'000'000, Qt::UTC);
   std::vector<double> stores;
   std::vector<double> rows;
   for (int i = 0; i < kOpenings; ++i) {
@@ -267,13 +274,42 @@ OpenCosts measureOpening(const QString& path) {
     rows.push_back(timed([&] { read = BareDatabase(path).rows().size(); }));
     std::unique_ptr<ModelContainer> store;
     TaskList tasks;
+    TaskList shown;
     stores.push_back(timed([&] {
       store = opened(path);
-      if (store) tasks = store->mainContext().fetchTasks();
+      if (!store) return;
+      tasks = newestFirst(store->mainContext().fetchTasks());
+      shown = activeTasks(tasks, {}, now, berlin());
     }));
-    if (read != tasks.size()) return {};
+    if (read != tasks.size() || shown.empty()) return {};
   }
   return {median(stores), median(rows)};
+}
+
+struct SearchCosts {
+  double board = 0;
+  double pass = 0;
+};
+
+SearchCosts measureSearch(const QString& path) {
+  const auto store = opened(path);
+  if (!store) return {};
+  const auto tasks = newestFirst(store->mainContext().fetchTasks());
+  const auto calendar = berlin();
+  std::vector<double> board;
+  std::vector<double> pass;
+  for (int i = 0; i < kOpenings; ++i) {
+    BoardFilter filter;
+    filter.search = u"DENTIST about tuesday"_s;
+    std::size_t found = 0;
+    std::size_t contained = 0;
+    board.push_back(timed([&] { found = matchingTasks(tasks, filter, calendar).size(); }));
+    pass.push_back(timed([&] {
+      for (const auto& task : tasks) contained += task->text().contains(filter.search, Qt::CaseInsensitive) ? 1 : 0;
+    }));
+    if (found != contained || found == 0) return {};
+  }
+  return {median(board), median(pass)};
 }
 
 int run() {
@@ -286,10 +322,12 @@ int run() {
     return 1;
   }
   const auto opening = measureOpening(many);
+  const auto search = measureSearch(many);
   const auto saves = measureSaves(few, many, bare);
   report("store.save", saves.few * 1e6, "us", saves.bare * 1e6, "bare-sqlite-upsert", 1.5);
   report("store.save-of-100000", saves.many * 1e6, "us", saves.few * 1e6, "save-of-1000", 1.5);
   report("store.open", opening.store * 1e3, "ms", opening.rows * 1e3, "reading-the-rows", 3);
+  report("store.search", search.board * 1e3, "ms", search.pass * 1e3, "one-pass-of-contains", 3);
   return 0;
 }
 

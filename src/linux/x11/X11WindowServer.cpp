@@ -4,6 +4,7 @@
 #include "linux/qt/QtWindowServer.h"
 #include "linux/x11/XcbConnection.h"
 
+#include <QEvent>
 #include <QGuiApplication>
 #include <QWindow>
 #include <QtGui/qguiapplication_platform.h>
@@ -121,6 +122,16 @@ void X11WindowServer::setSharing(QWindow& window, SharingType sharing) {
   window.setProperty("tarnwickSharing", sharing == SharingType::None ? QStringLiteral("none") : QStringLiteral("readOnly"));
 }
 
+// A window manager that reads the shape while it frames a window misses one that is set meanwhile; by the first exposure
+// it has framed it, and listens.
+bool X11WindowServer::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Expose && m_wishes.contains(watched)) {
+    applyShape(static_cast<QWindow&>(*watched));
+    xcb_flush(m_connection);
+  }
+  return QObject::eventFilter(watched, event);
+}
+
 X11WindowServer::Wishes& X11WindowServer::wishesOf(QWindow& window) {
   const auto found = m_wishes.find(&window);
   if (found != m_wishes.end()) return *found;
@@ -130,6 +141,7 @@ X11WindowServer::Wishes& X11WindowServer::wishesOf(QWindow& window) {
   };
   connect(&window, &QWindow::widthChanged, this, reshape);
   connect(&window, &QWindow::heightChanged, this, reshape);
+  window.installEventFilter(this);
   return *m_wishes.insert(&window, {});
 }
 

@@ -29,6 +29,8 @@ class X11WindowServer final : public QObject, public WindowServer {
   /// X11 lets every client read the screen: the wish is kept with the window, nothing enforces it.
   void setSharing(QWindow& window, SharingType sharing) override;
 
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
   struct Wishes {
     ClickThrough clickThrough = ClickThrough::Off;

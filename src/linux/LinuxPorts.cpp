@@ -8,6 +8,7 @@
 #include "linux/dbus/FreedesktopNotifications.h"
 #include "linux/dbus/LogindPower.h"
 #include "linux/dbus/PlankDock.h"
+#include "linux/dbus/PortalHotKeys.h"
 #include "linux/pipewire/PipeWireCaptureWatch.h"
 #include "linux/qt/NoOtherPrograms.h"
 #include "linux/qt/QtScreens.h"
@@ -97,6 +98,10 @@ Accessibility& LinuxPorts::accessibility() {
 
 HotKeys& LinuxPorts::hotKeys() {
   return lazily(m_hotKeys, [this]() -> std::unique_ptr<HotKeys> {
+    // Chosen by the session and not by how our windows reach it: under XWayland a grab sees X11 programs only.
+    if (session() == u"wayland") {
+      if (auto keys = std::make_unique<PortalHotKeys>(); keys->traits().isAvailable) return keys;
+    }
     if (isX11()) {
       if (auto keys = std::make_unique<X11HotKeys>(); keys->isUsable()) return keys;
     }

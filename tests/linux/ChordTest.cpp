@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "linux/dbus/PortalHotKeys.h"
 #include "linux/x11/Chord.h"
 
 #include <gtest/gtest.h>
@@ -18,6 +19,13 @@ TEST(ChordText, KnowsKeysWithoutLetters) {
   EXPECT_EQ(x11ChordFromText(QStringLiteral("Ctrl+F12"))->keysym, 0xffc9U);
   EXPECT_EQ(x11ChordFromText(QStringLiteral("Alt+Space"))->keysym, 0x20U);
   EXPECT_EQ(x11ChordFromText(QStringLiteral("Ctrl+Alt+1"))->modifiers, 4 | 8);
+}
+
+TEST(ChordText, BecomesATriggerOfThePortal) {
+  EXPECT_EQ(portalTrigger(QStringLiteral("Meta+Shift+T")), u"LOGO+SHIFT+t");
+  EXPECT_EQ(portalTrigger(QStringLiteral("Ctrl+Alt+F5")), u"CTRL+ALT+F5");
+  EXPECT_EQ(portalTrigger(QStringLiteral("Ctrl+K, Ctrl+T")), u"");
+  EXPECT_EQ(portalTrigger(QString()), u"");
 }
 
 class NoChordText : public testing::TestWithParam<QString> {};

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "linux/dbus/PortalHotKeys.h"
+
+#include <QCoreApplication>
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusPendingCall>
+#include <QDBusPendingCallWatcher>
+#include <QKeySequence>
+
+namespace tarnwick {
+
+/// One entry of the portal's list of shortcuts, (sa{sv}).
+struct PortalShortcut {
+  QString id;
+  QVariantMap properties;
+};
+
+QDBusArgument& operator<<(QDBusArgument& argument, const PortalShortcut& shortcut) {
+  argument.beginStructure();
+  argument << shortcut.id << shortcut.properties;
+  argument.endStructure();
+  return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, PortalShortcut& shortcut) {
+  argument.beginStructure();
+  argument >> shortcut.id >> shortcut.properties;
+  argument.endStructure();
+  return argument;
+}
+
+namespace {
+
+const QString kService = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString kPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString kShortcuts = QStringLiteral("org.freedesktop.portal.GlobalShortcuts");
+const QString kRequest = QStringLiteral("org.freedesktop.portal.Request");
+constexpr int kNoChord = 2;
+
+}  // namespace
+
+QString portalTrigger(const QString& chord) {
+  const auto sequence = QKeySequence::fromString(chord, QKeySequence::PortableText);
+  if (sequence.count() != 1 || sequence[0].key() == Qt::Key_unknown) return {};
+  const auto modifiers = sequence[0].keyboardModifiers();
+  QString trigger;
+  if (modifiers.testFlag(Qt::ControlModifier)) trigger += QStringLiteral("CTRL+");
+  if (modifiers.testFlag(Qt::AltModifier)) trigger += QStringLiteral("ALT+");
+  if (modifiers.testFlag(Qt::MetaModifier)) trigger += QStringLiteral("LOGO+");
+  if (modifiers.testFlag(Qt::ShiftModifier)) trigger += QStringLiteral("SHIFT+");
+  const auto key = QKeySequence(sequence[0].key()).toString(QKeySequence::PortableText);
+  return trigger + (key.size() == 1 ? key.toLower() : key);
+}
+
+PortalHotKeys::PortalHotKeys() : m_works(std::make_shared<Works>()) {
+  qDBusRegisterMetaType<PortalShortcut>();
+  qDBusRegisterMetaType<QList<PortalShortcut>>();
+  auto bus = QDBusConnection::sessionBus();
+  if (!bus.isConnected()) {
+    fail(QCoreApplication::translate("HotKeys", "no session bus"));
+    return;
+  }
+  bus.connect(kService, kPath, kShortcuts, QStringLiteral("Activated"), this,
+              SLOT(activated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
+}
+
+PortalHotKeys::~PortalHotKeys() {
+  m_works.reset();
+  if (m_session.isEmpty()) return;
+  QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
+      kService, m_session, QStringLiteral("org.freedesktop.portal.Session"), QStringLiteral("Close")));
+}
+
+PortTraits PortalHotKeys::traits() const {
+  return m_failure.isEmpty() ? PortTraits::served(QStringLiteral("portal")) : PortTraits::unavailable(m_failure);
+}
+
+HotKeyRegistration PortalHotKeys::registerChord(const QString& chord, std::function<void()> work) {
+  if (portalTrigger(chord).isEmpty()) return {kNoChord, {}};
+  if (!m_failure.isEmpty()) return {-1, {}};
+  const bool isFirst = m_works->empty() && m_session.isEmpty();
+  m_works->insert_or_assign(chord, std::move(work));
+  if (isFirst) {
+    request(QStringLiteral("CreateSession"), {}, {{QStringLiteral("session_handle_token"), QStringLiteral("tarnwick")}},
+            SLOT(sessionAnswered(uint, QVariantMap)));
+  } else if (!m_session.isEmpty()) {
+    bind();
+  }
+  return {0, Registration([chord, weak = std::weak_ptr(m_works)] {
+            if (const auto works = weak.lock()) works->erase(chord);
+          })};
+}
+
+void PortalHotKeys::request(const QString& method, QVariantList arguments, QVariantMap options, const char* answerSlot) {
+  auto bus = QDBusConnection::sessionBus();
+  const auto token = QStringLiteral("tarnwick%1").arg(++m_serial);
+  options.insert(QStringLiteral("handle_token"), token);
+  // The path follows from our name and the token, so that the answer cannot come before we listen.
+  const auto sender = bus.baseService().mid(1).replace(u'.', u'_');
+  const auto path = QStringLiteral("/org/freedesktop/portal/desktop/request/%1/%2").arg(sender, token);
+  bus.connect(kService, path, kRequest, QStringLiteral("Response"), this, answerSlot);
+  auto message = QDBusMessage::createMethodCall(kService, kPath, kShortcuts, method);
+  arguments.append(options);
+  message.setArguments(arguments);
+  auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
+  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* done) {
+    done->deleteLater();
+    if (done->isError()) fail(QCoreApplication::translate("HotKeys", "the desktop portal has no global shortcuts"));
+  });
+}
+
+void PortalHotKeys::sessionAnswered(uint response, const QVariantMap& results) {
+  const auto handle = results.value(QStringLiteral("session_handle"));
+  m_session = handle.canConvert<QDBusObjectPath>() ? handle.value<QDBusObjectPath>().path() : QString();
+  if (m_session.isEmpty()) m_session = handle.toString();  // a text in the protocol as it is written
+  if (response != 0 || m_session.isEmpty()) {
+    fail(QCoreApplication::translate("HotKeys", "the desktop refused global shortcuts"));
+    return;
+  }
+  bind();
+}
+
+void PortalHotKeys::bind() {
+  QList<PortalShortcut> shortcuts;
+  for (const auto& [chord, work] : *m_works) {
+    shortcuts.append({chord,
+                      {{QStringLiteral("description"), QCoreApplication::translate("HotKeys", "Show or hide the board")},
+                       {QStringLiteral("preferred_trigger"), portalTrigger(chord)}}});
+  }
+  request(QStringLiteral("BindShortcuts"),
+          {QVariant::fromValue(QDBusObjectPath(m_session)), QVariant::fromValue(shortcuts), QString()}, {},
+          SLOT(bindAnswered(uint, QVariantMap)));
+}
+
+void PortalHotKeys::bindAnswered(uint response, const QVariantMap&) {
+  if (response != 0) fail(QCoreApplication::translate("HotKeys", "the desktop refused global shortcuts"));
+}
+
+void PortalHotKeys::activated(const QDBusObjectPath& session, const QString& shortcut, qulonglong, const QVariantMap&) {
+  if (session.path() != m_session) return;
+  if (const auto found = m_works->find(shortcut); found != m_works->end()) {
+    const auto work = found->second;  // it may end the registration
+    work();
+  }
+}
+
+void PortalHotKeys::fail(const QString& reason) { m_failure = reason; }
+
+}  // namespace tarnwick
+
+Q_DECLARE_METATYPE(tarnwick::PortalShortcut)

@@ -5,14 +5,18 @@
 #include "fakes/ManualTime.h"
 #include "linux/LinuxPorts.h"
 #include "linux/dbus/FreedesktopNotifications.h"
+#include "linux/dbus/PortalHotKeys.h"
 #include "linux/x11/X11Clients.h"
 #include "platform/Audio.h"
+#include "platform/CaptureWatch.h"
 #include "platform/Instance.h"
 #include "platform/Power.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
+#include <QFile>
+#include <QStandardPaths>
 #include <QtEndian>
 
 #include <algorithm>
@@ -32,6 +36,29 @@ QString callRunning(const QString& method, const QStringList& arguments) {
                    QStringList{QStringLiteral("call"), QStringLiteral("--session"), QStringLiteral("-d"), kApplication,
                                QStringLiteral("-o"), QStringLiteral("/app/tarnwick/Tarnwick"), QStringLiteral("-m"), method} +
                        arguments);
+}
+
+TEST(AChordOfThePortal, IsBoundAndReachesUs) {
+  QProcess portal;
+  portal.start(QStringLiteral("/usr/bin/python3"), {QStringLiteral(TARNWICK_PEER_FOLDER "/portal.py")});
+  ASSERT_TRUE(holdsSoon([&] { return portal.bytesAvailable() > 0; }));
+  EXPECT_EQ(portal.readAllStandardOutput().trimmed(), "ready");
+  PortalHotKeys keys;
+  int presses = 0;
+  const auto held = keys.registerChord(QStringLiteral("Meta+Shift+T"), [&] { ++presses; });
+  EXPECT_EQ(held.status, 0);
+  EXPECT_TRUE(holdsSoon([&] { return presses == 1; }));
+  EXPECT_EQ(portal.readAllStandardOutput().trimmed(), "LOGO+SHIFT+t");
+  EXPECT_TRUE(keys.traits().isAvailable);
+  portal.kill();
+  portal.waitForFinished();
+}
+
+TEST(AChordOfThePortal, IsSaidToBeMissingWhereThePortalIs) {
+  PortalHotKeys keys;
+  const auto held = keys.registerChord(QStringLiteral("Meta+Shift+T"), [] {});
+  EXPECT_TRUE(holdsSoon([&] { return !keys.traits().isAvailable; }));
+  EXPECT_FALSE(keys.traits().reason.isEmpty());
 }
 
 TEST(TheInstance, IsOneAndServesTheOthers) {
@@ -245,6 +272,35 @@ TEST_F(Sound, HasStockSounds) {
 }
 
 TEST_F(Sound, OfNoWavImageCannotBePrepared) { EXPECT_FALSE(ports.audio().prepare("no sound")); }
+
+class PipeWire : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (QStandardPaths::findExecutable(QStringLiteral("pipewire")).isEmpty()) GTEST_SKIP() << "no pipewire installed";
+    daemon.start(QStringLiteral("pipewire"), QStringList());
+    ASSERT_TRUE(holdsSoon([] { return QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/pipewire-0")); }));
+  }
+  void TearDown() override {
+    daemon.terminate();
+    daemon.waitForFinished();
+  }
+  QProcess daemon;
+};
+
+TEST_F(PipeWire, ServesTheWatchAndASourceThatNobodyReadsIsNoCast) {
+  LinuxPorts ports;
+  auto& watch = ports.captureWatch();
+  ASSERT_TRUE(watch.traits().isAvailable);
+  EXPECT_EQ(watch.exclusion(), CaptureExclusion::HiddenWhileSharing);
+  test::run(QStringLiteral("pw-cli"),
+            {QStringLiteral("create-node"), QStringLiteral("spa-node-factory"),
+             QStringLiteral("{ factory.name=videotestsrc library.name=videotestsrc/libspa-videotestsrc node.name=cast "
+                            "media.class=Video/Source object.linger=1 }")});
+  EXPECT_TRUE(holdsSoon([] {
+    return test::run(QStringLiteral("pw-link"), {QStringLiteral("-o")}).contains(QStringLiteral("cast:"));
+  }));
+  EXPECT_FALSE(watch.isCasting());
+}
 
 }  // namespace
 }  // namespace tarnwick

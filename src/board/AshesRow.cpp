@@ -3,6 +3,7 @@
 
 #include "effects/PaintedButton.h"
 #include "effects/PaperSheet.h"
+#include "effects/PixmapCache.h"
 #include "effects/SoftShadow.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
@@ -94,8 +95,7 @@ void AshesRow::resizeEvent(QResizeEvent* event) {
   m_revive->setGeometry(x, kMargin + 11, size.width(), size.height());
 }
 
-QPixmap AshesRow::scrap() const {
-  const double scale = devicePixelRatioF();
+QPixmap AshesRow::scrap(double scale) const {
   QPixmap pixmap(size() * scale);
   pixmap.setDevicePixelRatio(scale);
   pixmap.fill(Qt::transparent);
@@ -164,19 +164,20 @@ QPixmap AshesRow::scrap() const {
     for (const double length : glowing) pattern << length / width;
     pen.setDashPattern(pattern);
     pen.setDashOffset(static_cast<double>(paperSeed(m_task->id()) % 200) / width);
-    pen.setCapStyle(Qt::FlatCap);
+    pen.setCapStyle(width > 1 ? Qt::RoundCap : Qt::FlatCap);
+    pen.setJoinStyle(Qt::RoundJoin);
     painter.strokePath(path, pen);
   };
-  ember(5, 0.14);
-  ember(3, 0.22);
+  for (const double width : {7.0, 5.5, 4.0, 2.8}) ember(width, 0.09);
   ember(1, 0.95);
   return pixmap;
 }
 
 void AshesRow::paintEvent(QPaintEvent* /*event*/) {
   if (!m_task) return;
-  if (m_scrap.isNull() || m_scrap.devicePixelRatio() != devicePixelRatioF()) m_scrap = scrap();
   QPainter painter(this);
+  const double scale = deviceScale(painter);
+  if (m_scrap.isNull() || m_scrap.devicePixelRatio() != scale) m_scrap = scrap(scale);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
   painter.translate(width() / 2.0, height() / 2.0);
   painter.rotate(turnOf(*m_task));

@@ -32,7 +32,7 @@ class AshesRow final : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  [[nodiscard]] QPixmap scrap() const;
+  [[nodiscard]] QPixmap scrap(double scale) const;
 
   TaskPtr m_task;
   QAbstractButton* m_revive;

@@ -36,7 +36,6 @@ SearchField::SearchField(QWidget* parent)
   m_edit->installEventFilter(this);
   m_close->setFixedSize(22, 22);
   m_close->setFocusPolicy(Qt::NoFocus);  // Escape does the same from the field
-  setFocusProxy(m_edit);
   connect(m_edit, &QLineEdit::textChanged, this, &SearchField::textChanged);
   connect(m_close, &QAbstractButton::clicked, this, &SearchField::closeRequested);
 }

@@ -3,6 +3,7 @@
 
 #include "effects/AshLedge.h"
 #include "effects/Controls.h"
+#include "effects/PixmapCache.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
 #include "model/Color.h"
@@ -122,7 +123,7 @@ void AshesStrip::paintEvent(QPaintEvent* /*event*/) {
   QPainterPath clip;
   clip.addRoundedRect(QRectF(1, height() - 390 + 1, width() - 2, 388), 25, 25);
   painter.setClipPath(clip);
-  painter.drawPixmap(0, 0, AshLedge::pixmap(width(), devicePixelRatioF()));
+  painter.drawPixmap(0, 0, AshLedge::pixmap(width(), deviceScale(painter)));
   const QFont font = sized(tokens::Type::RowTitle, 12, QFont::DemiBold);
   const QColor ember = QColor::fromRgb(tokens::kEmber);
   const QColor color = isHovered() ? Color::blend(ember, Qt::white, 0.18) : ember;

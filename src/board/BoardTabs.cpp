@@ -3,6 +3,7 @@
 
 #include "board/BoardQueries.h"
 #include "effects/Controls.h"
+#include "effects/PixmapCache.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
 
@@ -96,9 +97,8 @@ void BoardTabs::paintEvent(QPaintEvent* event) {
     return;
   }
   // The cut ends fade: painted apart, then thinned.
-  QPixmap strip(size() * devicePixelRatioF());
-  strip.setDevicePixelRatio(devicePixelRatioF());
-  strip.fill(Qt::transparent);
+  QPainter out(this);
+  QPixmap strip = clearPixmap(size(), deviceScale(out));
   QPainter painter(&strip);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setLayoutDirection(layoutDirection());
@@ -116,7 +116,7 @@ void BoardTabs::paintEvent(QPaintEvent* event) {
   mask.setColorAt(1, isCutRight ? Qt::transparent : Qt::black);
   painter.fillRect(rect(), mask);
   painter.end();
-  QPainter(this).drawPixmap(0, 0, strip);
+  out.drawPixmap(0, 0, strip);
 }
 
 void BoardTabs::paintItem(QPainter& painter, int index, const ItemState& state) {

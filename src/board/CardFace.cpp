@@ -19,6 +19,7 @@ namespace {
 constexpr double kFootGap = 6;
 constexpr double kAppTile = 16;
 constexpr double kLock = 13;
+constexpr double kBurntRise = 15;  // keeps what stands at the foot out of the burnt edge
 
 double counterWidth(const QString& counter) {
   return counter.isEmpty() ? 0 : QFontMetricsF(tokens::font(tokens::Type::DueLabel)).horizontalAdvance(counter);
@@ -60,7 +61,7 @@ QRectF CardFace::footRect() const {
   const double trail = theme == PaperTheme::construction ? 12 : 10;
   const double bottom = theme == PaperTheme::construction ? 12 : 9;
   const double left = direction == Qt::RightToLeft ? trail : lead;
-  return {left, kHeight - bottom - 20, kWidth - lead - trail, 20};
+  return {left, kHeight - bottom - 20 - (isSmoldering ? kBurntRise : 0), kWidth - lead - trail, 20};
 }
 
 bool CardFace::isStampRaised() const {
@@ -134,7 +135,7 @@ QPixmap CardFace::pixmap(PaperLift lift, double scale) const {
   if (stamp != TaskStamp::none) {
     const QSizeF badge = StampBadgeView::size(stamp);
     const double x = isMirrored ? 10 + badge.width() / 2 : kWidth - 10 - badge.width() / 2;
-    const double bottom = kHeight - (isStampRaised() ? 33 : 11);
+    const double bottom = kHeight - (isStampRaised() ? 33 + (isSmoldering ? kBurntRise : 0) : 11);
     StampBadgeView::paint(painter, stamp, {x, bottom - badge.height() / 2}, -4.0 - static_cast<double>(seed % 4));
   }
   paintFoot(painter, footRect());

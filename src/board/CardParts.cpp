@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "board/CardParts.h"
 
+#include "effects/PixmapCache.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
 #include "model/Color.h"
@@ -167,8 +168,7 @@ void CardParts::paintAppTile(QPainter& painter, const QRectF& rect, const QIcon&
   }
   painter.save();
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  const double scale = painter.device() ? painter.device()->devicePixelRatioF() : 1.0;
-  const QPixmap pixmap = icon.pixmap(rect.size().toSize(), scale);
+  const QPixmap pixmap = icon.pixmap(rect.size().toSize(), deviceScale(painter));
   painter.drawPixmap(rect, pixmap, QRectF(pixmap.rect()));
   painter.restore();
 }

@@ -52,7 +52,7 @@ ChecklistEdit::ChecklistEdit(QWidget* parent) : QTextEdit(parent), m_ink(QColor:
   setFont(tokens::font(tokens::Type::NoteText));
   document()->setDocumentMargin(0);
   document()->setDefaultFont(font());
-  setCursorWidth(2);
+  setCursorWidth(0);  // Qt inverts what lies below it; here it is drawn in ink
   viewport()->setAutoFillBackground(false);
   viewport()->setMouseTracking(true);
   setStyleSheet(QStringLiteral("QTextEdit{background:transparent;border:none}"));
@@ -167,6 +167,10 @@ void ChecklistEdit::paintEvent(QPaintEvent* event) {
     if (box.bottom() < 0 || box.top() > viewport()->height()) continue;
     Symbols::paint(painter, state == kDone ? QStringLiteral("boxDone") : QStringLiteral("box"), box,
                    tokens::faded(m_ink, state == kDone ? 0.40 : 0.70));
+  }
+  if (hasFocus() && (!m_isCaretOn || m_isCaretOn())) {
+    const QRectF caret(cursorRect());
+    painter.fillRect(QRectF(caret.left(), caret.center().y() - 8.5, 1.5, 17), m_ink);
   }
   if (const auto* bar = verticalScrollBar(); bar->maximum() > 0) {
     const double room = viewport()->height();

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QTextEdit>
 
+#include <functional>
+
 namespace tarnwick {
 
 class ChecklistEdit final : public QTextEdit {
@@ -22,6 +24,8 @@ class ChecklistEdit final : public QTextEdit {
   void ensureChecklist();
   void setInk(const QColor& ink);
   void setHint(const QString& hint) { m_hint = hint; }
+  /// Tells whether the caret is to be seen now.
+  void setCaretSource(std::function<bool()> isCaretOn) { m_isCaretOn = std::move(isCaretOn); }
 
  Q_SIGNALS:
   void submitted();
@@ -44,6 +48,7 @@ class ChecklistEdit final : public QTextEdit {
 
   QColor m_ink;
   QString m_hint;
+  std::function<bool()> m_isCaretOn;
 };
 
 }  // namespace tarnwick

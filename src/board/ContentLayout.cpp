@@ -138,17 +138,24 @@ void ContentView::Content::layOut() {
     page->setGeometry(view.rect());
   }
 
-  composer->setVisible(state == ViewState::add);
-  editor->setVisible(state == ViewState::edit);
-  ashes->setVisible(state == ViewState::list && showBurned);
-  rail->setVisible(isList);
-  wall->setVisible(isList);
-  slip->setVisible(isList && showStats);
-  nudge->setVisible(isList && showsNudge());
-  field->setVisible(isList && showSearch);
-  tagRow->setVisible(isList && showTags);
-  banner->setVisible(isList && hasBanner);
-  strip->setVisible(isList && showsStrip());
+  // The keyboard leaves what goes before Qt hands it to a neighbour.
+  const QWidget* focused = view.focusWidget();
+  if (isList) wall->show();
+  const auto show = [&](QWidget* widget, bool isShown) {
+    if (!isShown && isList && focused && (widget == focused || widget->isAncestorOf(focused))) wall->setFocus(Qt::OtherFocusReason);
+    widget->setVisible(isShown);
+  };
+  show(composer, state == ViewState::add);
+  show(editor, state == ViewState::edit);
+  show(ashes, state == ViewState::list && showBurned);
+  show(rail, isList);
+  show(slip, isList && showStats);
+  show(nudge, isList && showsNudge());
+  show(field, isList && showSearch);
+  show(tagRow, isList && showTags);
+  show(banner, isList && hasBanner);
+  show(strip, isList && showsStrip());
+  show(wall, isList);
   toast->raise();
 }
 

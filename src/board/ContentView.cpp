@@ -9,6 +9,7 @@
 #include "context/ContextEngine.h"
 #include "effects/BoardSurfaceView.h"
 #include "effects/Controls.h"
+#include "effects/PixmapCache.h"
 #include "effects/Tokens.h"
 #include "model/NotificationCenter.h"
 #include "model/SettingsKeys.h"
@@ -21,6 +22,7 @@
 #include "settings/UpdateChecker.h"
 
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 
 namespace tarnwick {
@@ -29,6 +31,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr qint64 kMinuteMs = 60'000;
+constexpr qint64 kPastMinuteMs = 50;
 
 }  // namespace
 
@@ -93,7 +96,8 @@ void ContentView::Content::refreshClock() {
 
 void ContentView::Content::armMinute() {
   const qint64 past = services.clock.now().toMSecsSinceEpoch() % kMinuteMs;
-  minute = services.scheduler.after(std::chrono::milliseconds(kMinuteMs - past), [this] {
+  // Just past the full minute: whole minutes left are one fewer from there on.
+  minute = services.scheduler.after(std::chrono::milliseconds(kMinuteMs - past + kPastMinuteMs), [this] {
     armMinute();
     refresh();  // what sleeps may wake at midnight
   });
@@ -160,11 +164,7 @@ void ContentView::Content::toggleSearch() {
     field->setText(QString());
   }
   refresh();
-  if (showSearch) {
-    field->setFocus();
-  } else if (!view.focusWidget() || !view.focusWidget()->isVisible()) {
-    wall->setFocus();
-  }
+  if (showSearch) field->edit().setFocus();
 }
 
 void ContentView::Content::toggleTags() {
@@ -285,7 +285,7 @@ void ContentView::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(QColor::fromRgb(0x1E2229));
     painter.drawRoundedRect(rect(), BoardSurfaceView::kRadius, BoardSurfaceView::kRadius);
   }
-  painter.drawPixmap(0, 0, BoardSurfaceView::pixmap(mood.value_or(BoardMood::obsidian), GlassVariant::soft, size(), devicePixelRatioF()));
+  painter.drawPixmap(0, 0, BoardSurfaceView::pixmap(mood.value_or(BoardMood::obsidian), GlassVariant::soft, size(), deviceScale(painter)));
   if (!isComposited) {
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(Qt::black, 1));
@@ -301,7 +301,7 @@ void ContentView::keyPressEvent(QKeyEvent* event) {
       return;
     }
     if (event->key() == Qt::Key_F && isList && !m_content->showBurned) {
-      m_content->showSearch ? m_content->field->setFocus() : m_content->toggleSearch();
+      m_content->showSearch ? m_content->field->edit().setFocus() : m_content->toggleSearch();
       return;
     }
   }

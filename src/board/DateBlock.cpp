@@ -139,8 +139,8 @@ DateBlock::DateBlock(const Clock& clock, QWidget* parent)
       "selection-background-color:#2A251C;selection-color:#FBF3DF}QTimeEdit:focus{border:2px solid #B4332F;padding:0 5px}"));
   m_clear->setText(tr("Clear due date"));
   m_clear->setInk(QColor::fromRgb(kRedInk));
-  const int clearWidth = m_clear->sizeHint().width() - 14;
-  m_clear->setGeometry(at(kWidth - 8 - clearWidth, clearWidth), kMargin + kHeight - 34, clearWidth, 26);
+  const int clearWidth = m_clear->sizeHint().width();
+  m_clear->setGeometry(at(kWidth - 5 - clearWidth, clearWidth), kMargin + kHeight - 34, clearWidth, 26);
 
   connect(m_previous, &QAbstractButton::clicked, this, [this] { turnMonth(-1); });
   connect(m_next, &QAbstractButton::clicked, this, [this] { turnMonth(1); });

@@ -32,7 +32,8 @@ void InkButton::setInk(const QColor& ink) {
 
 QSize InkButton::sizeHint() const {
   if (text().isEmpty()) return {26, 26};
-  return {static_cast<int>(std::ceil(7 + 13 + 5 + QFontMetricsF(font()).horizontalAdvance(text()) + 9)), 24};
+  const double sign = m_symbol.isEmpty() ? 2 : 13 + 5;
+  return {static_cast<int>(std::ceil(7 + sign + QFontMetricsF(font()).horizontalAdvance(text()) + 9)), 24};
 }
 
 void InkButton::paintEvent(QPaintEvent* /*event*/) {
@@ -53,10 +54,14 @@ void InkButton::paintEvent(QPaintEvent* /*event*/) {
     return;
   }
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-  const double symbolX = isMirrored ? all.right() - 7 - 13 : 7;
-  Symbols::paint(painter, m_symbol, QRectF(symbolX, all.center().y() - 6.5, 13, 13), m_ink);
   painter.setFont(font());
   painter.setPen(m_ink);
+  if (m_symbol.isEmpty()) {
+    painter.drawText(all, Qt::AlignCenter, text());
+    return;
+  }
+  const double symbolX = isMirrored ? all.right() - 7 - 13 : 7;
+  Symbols::paint(painter, m_symbol, QRectF(symbolX, all.center().y() - 6.5, 13, 13), m_ink);
   painter.drawText(isMirrored ? all.adjusted(8, 0, -25, 0) : all.adjusted(25, 0, -6, 0),
                    int(Qt::AlignVCenter) | int(isMirrored ? Qt::AlignRight : Qt::AlignLeft), text());
 }

@@ -41,7 +41,8 @@ NoteForm::NoteForm(const BoardServices& services, QWidget* parent)
       m_app(new AppPinChip(services.context, services.workspace, this)),
       m_private(new OptionChip(this)),
       m_dateBlock(new DateBlock(services.clock, this)) {
-  new CaretRest(services.scheduler, m_text);
+  const auto* caret = new CaretRest(services.clock, services.scheduler, m_text);
+  m_text->setCaretSource([caret] { return caret->isCaretOn(); });
   m_text->setHint(tr("Write note on wall..."));
   m_text->setAccessibleName(tr("Note"));
   m_checklist->setToolTip(tr("Turn lines into tap-to-check boxes"));

@@ -3,7 +3,9 @@
 
 #include "board/NoteWallAccessible.h"
 #include "effects/BoardSurfaceView.h"
+#include "effects/PixmapCache.h"
 #include "effects/Tokens.h"
+#include "model/Color.h"
 #include "model/NotificationCenter.h"
 #include "platform/Clock.h"
 #include "platform/Scheduler.h"
@@ -355,7 +357,7 @@ void NoteWall::paintCard(QPainter& painter, int index, TaskStickyCard& card, Gli
   const QUuid& id = card.task()->id();
   const double lift = card.lift.at(now);
   const CardFace& face = card.face();
-  const double scale = devicePixelRatioF();
+  const double scale = deviceScale(painter);
   const bool isDragged = m_press && m_press->isDragging && m_press->id == id;
 
   painter.save();
@@ -389,6 +391,9 @@ void NoteWall::paintCard(QPainter& painter, int index, TaskStickyCard& card, Gli
     int hot = -1;
     if (isHovered && m_hotPart >= CardPart::Edit) hot = static_cast<int>(m_hotPart) - static_cast<int>(CardPart::Edit);
     painter.setOpacity(full * tools);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Color::fromHex(face.colorHex));  // nothing of the foot shines through
+    painter.drawRoundedRect(CardFace::hoverBarRect(), 8, 8);
     CardParts::paintHoverBar(painter, CardFace::hoverBarRect(), face.ink(), kSymbols, hot, 8);
     painter.setOpacity(full);
   }

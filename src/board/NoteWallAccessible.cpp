@@ -189,9 +189,9 @@ void NoteWallAccessible::forgetGone() {
 }
 
 void NoteWallAccessible::notesChanged(NoteWall& wall) {
-  if (!QAccessible::isActive()) return;
   auto* self = QAccessible::queryAccessibleInterface(&wall);
   if (auto* known = dynamic_cast<NoteWallAccessible*>(self)) known->forgetGone();
+  if (!QAccessible::isActive()) return;
   QAccessibleEvent event(&wall, QAccessible::ObjectReorder);
   QAccessible::updateAccessibility(&event);
 }

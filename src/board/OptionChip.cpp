@@ -2,7 +2,7 @@
 #include "board/OptionChip.h"
 
 #include "effects/Controls.h"
-#include "effects/SoftShadow.h"
+#include "effects/PixmapCache.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
 
@@ -109,7 +109,7 @@ void OptionChip::paintEvent(QPaintEvent* /*event*/) {
   } else {
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setOpacity(m_look == Look::Off ? 0.75 : 1);
-    const QPixmap pixmap = m_icon.pixmap(icon.size().toSize(), devicePixelRatioF());
+    const QPixmap pixmap = m_icon.pixmap(icon.size().toSize(), deviceScale(painter));
     painter.drawPixmap(icon, pixmap, QRectF(pixmap.rect()));
     painter.setOpacity(1);
   }

@@ -3,6 +3,7 @@
 
 #include "board/PlanSlot.h"
 #include "effects/BoardSurfaceView.h"
+#include "effects/PixmapCache.h"
 #include "effects/Tokens.h"
 #include "effects/WadArt.h"
 
@@ -224,7 +225,7 @@ void PlanNudgeView::paintNight(QPainter& painter) const {
   glow.setColorAt(1, tokens::faded(moon, 0));
   painter.setBrush(glow);
   painter.drawEllipse(QPointF(195, 92), 118, 118);
-  painter.drawImage(QRectF(147, 44, 96, 96), WadArt::image(QColor::fromRgb(0xEDE3C8), 96, devicePixelRatioF()));
+  painter.drawImage(QRectF(147, 44, 96, 96), WadArt::image(QColor::fromRgb(0xEDE3C8), 96, deviceScale(painter)));
   painter.restore();
 }
 

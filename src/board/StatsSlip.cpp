@@ -2,6 +2,7 @@
 #include "board/StatsSlip.h"
 
 #include "board/InkButton.h"
+#include "effects/PixmapCache.h"
 #include "effects/SoftShadow.h"
 #include "effects/Tokens.h"
 #include "effects/WadArt.h"
@@ -150,7 +151,7 @@ void StatsSlip::paintEvent(QPaintEvent* /*event*/) {
     const QRectF place(8 + column * step, 62, step, 80);
     painter.save();
     painter.translate(place.center().x() - 26, place.top());
-    if (i == 0) paintBalls(painter, devicePixelRatioF());
+    if (i == 0) paintBalls(painter, deviceScale(painter));
     if (i == 1) paintHeap(painter);
     if (i == 2) paintTwoNotes(painter);
     painter.restore();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "board/UndoToast.h"
 
+#include "effects/PixmapCache.h"
 #include "effects/SoftShadow.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
@@ -114,7 +115,7 @@ void UndoToast::paintEvent(QPaintEvent* /*event*/) {
   const double side = m_kind == Kind::Crushed ? 18 : 14;
   const QRectF sign(isMirrored ? pill.right() - 11 - side : pill.left() + 11, pill.center().y() - side / 2, side, side);
   if (m_kind == Kind::Crushed) {
-    painter.drawImage(sign, WadArt::image(Color::fromHex(kPaperPalette[0]), 18, devicePixelRatioF()));
+    painter.drawImage(sign, WadArt::image(Color::fromHex(kPaperPalette[0]), 18, deviceScale(painter)));
   } else {
     Symbols::paint(painter, QStringLiteral("undo"), sign, QColor::fromRgb(tokens::kText));
   }

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "board/StickyChecklistBody.h"
+
+#include "board/CardFace.h"
+#include "effects/Tokens.h"
+#include "support/Desk.h"
+
+namespace tarnwick::test {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+StickyChecklistBody::Style style() {
+  StickyChecklistBody::Style style;
+  style.font = tokens::font(tokens::Type::CardText);
+  style.ink = Qt::black;
+  style.width = 150;
+  return style;
+}
+
+QImage painted(const StickyChecklistBody& body) {
+  QImage image(160, 120, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  body.paint(painter, {4, 4});
+  return image;
+}
+
+/// Darkest pixel of a line of text.
+int darkest(const QImage& image, int line) {
+  int value = 255;
+  for (int y = 4 + line * 17; y < 4 + (line + 1) * 17; ++y) {
+    for (int x = 30; x < image.width(); ++x) value = std::min(value, qGray(image.pixel(x, y)));
+  }
+  return value;
+}
+
+}  // namespace
+
+TEST(ChecklistBody, tellsTheLineOfTheTextUnderAPoint) {
+  const StickyChecklistBody body(u"Shopping\n- [ ] Milk\n\n- [x] Salt"_s, style());
+  EXPECT_EQ(body.checklistLineAt({5, 8}), -1);
+  EXPECT_EQ(body.checklistLineAt({5, 17 + 8}), 1);
+  EXPECT_EQ(body.checklistLineAt({35, 17 + 8}), 1);
+  EXPECT_EQ(body.checklistLineAt({140, 17 + 8}), -1) << "beyond the words there is only paper";
+  EXPECT_EQ(body.checklistLineAt({5, 2 * 17 + 8}), -1);
+  EXPECT_EQ(body.checklistLineAt({5, 3 * 17 + 8}), 3);
+  EXPECT_EQ(body.checklistLineAt({5, 4 * 17 + 8}), -1);
+}
+
+TEST(ChecklistBody, findsTheBoxOnTheOtherSideOfAMirroredNote) {
+  auto mirrored = style();
+  mirrored.direction = Qt::RightToLeft;
+  const StickyChecklistBody body(u"- [ ] Milk"_s, mirrored);
+  EXPECT_EQ(body.checklistLineAt({145, 8}), 0);
+  EXPECT_EQ(body.checklistLineAt({5, 8}), -1);
+}
+
+TEST(ChecklistBody, fadesDoneItemsMostAndKeepsAPlainNoteInFullInk) {
+  const QImage list = painted(StickyChecklistBody(u"- [x] mmmmmm\n- [ ] mmmmmm"_s, style()));
+  const QImage plain = painted(StickyChecklistBody(u"     mmmmmm"_s, style()));
+  EXPECT_GT(darkest(list, 0), darkest(list, 1) + 60);
+  EXPECT_NEAR(darkest(list, 1), 255 * 0.12, 12);
+  EXPECT_LT(darkest(plain, 0), 10);
+}
+
+TEST(ChecklistBody, elidesTheLastOfTheLinesItMayUse) {
+  auto four = style();
+  four.maxLines = 4;
+  EXPECT_FALSE(StickyChecklistBody(u"one\ntwo\nthree\nfour"_s, four).isElided());
+  EXPECT_TRUE(StickyChecklistBody(u"one\ntwo\nthree\nfour\nfive"_s, four).isElided());
+  const StickyChecklistBody longWord(QString(400, QLatin1Char('w')), four);
+  EXPECT_TRUE(longWord.isElided());
+  EXPECT_DOUBLE_EQ(longWord.height(), 4 * 17);
+}
+
+TEST(ChecklistBody, leavesTheFirstLineRoomForTheCircle) {
+  auto narrow = style();
+  narrow.firstLineInset = 60;
+  // Fits into one line of the full width, and into two when the first is shorter.
+  const QString words = u"Return the drill to"_s;
+  EXPECT_DOUBLE_EQ(StickyChecklistBody(words, style()).height(), 17);
+  EXPECT_DOUBLE_EQ(StickyChecklistBody(words, narrow).height(), 2 * 17);
+}
+
+TEST(ChecklistBody, countsWithoutBlanks) {
+  EXPECT_EQ(StickyChecklistBody::counter(u"- [x] a\n- [ ] b\nc"_s), u"1/2"_s);
+  EXPECT_EQ(StickyChecklistBody::counter(u"a"_s), QString());
+}
+
+TEST(ChecklistBody, aTappedRowIsWrittenToTheStore) {
+  Desk desk;
+  const auto task = desk.add(u"- [ ] Milk\n- [ ] Salt"_s);
+  StickyChecklistBody::toggleLine(*task, 1, desk.notes());
+  EXPECT_EQ(desk.stored(task->id())->text, u"- [ ] Milk\n- [x] Salt"_s);
+}
+
+TEST(CardPicture, differsForEverythingThatLiesOnTheCard) {
+  CardFace plain;
+  plain.text = u"Note"_s;
+  plain.colorHex = u"#FFE169"_s;
+  const auto differs = [&](const std::function<void(CardFace&)>& change) {
+    CardFace other = plain;
+    change(other);
+    return other.key() != plain.key() &&
+           other.pixmap(PaperLift::Rest, 1).toImage() != plain.pixmap(PaperLift::Rest, 1).toImage();
+  };
+  EXPECT_TRUE(differs([](auto& f) { f.text = u"Other"_s; }));
+  EXPECT_TRUE(differs([](auto& f) { f.colorHex = u"#4CC9F0"_s; }));
+  EXPECT_TRUE(differs([](auto& f) { f.theme = PaperTheme::lined; }));
+  EXPECT_TRUE(differs([](auto& f) { f.stamp = TaskStamp::idea; }));
+  EXPECT_TRUE(differs([](auto& f) { f.tag = TaskTag::blue; }));
+  EXPECT_TRUE(differs([](auto& f) { f.due = CardParts::DueLabel{u"Today"_s, false, false}; }));
+  EXPECT_TRUE(differs([](auto& f) { f.appID = u"org.app"_s; }));
+  EXPECT_TRUE(differs([](auto& f) { f.isPrivate = true; }));
+  EXPECT_TRUE(differs([](auto& f) { f.isDaily3 = true; }));
+  EXPECT_TRUE(differs([](auto& f) { f.isSmoldering = true; }));
+  EXPECT_TRUE(differs([](auto& f) { f.mark = u"ot"_s; }));
+}
+
+TEST(CardPicture, showsAnOverdueDateOnAFilledPlate) {
+  const auto plateOf = [](bool isOverdue) {
+    CardFace face;
+    face.text = u"Bill"_s;
+    face.colorHex = u"#FFE169"_s;
+    face.due = CardParts::DueLabel{u"Nov 12"_s, isOverdue, false};
+    const QImage image = face.pixmap(PaperLift::Rest, 1).toImage();
+    return image.pixelColor(static_cast<int>(CardFace::kMargin) + 14, static_cast<int>(CardFace::kMargin + CardFace::kHeight) - 12);
+  };
+  EXPECT_EQ(plateOf(true).name(), u"#a3171e"_s);
+  EXPECT_GT(plateOf(false).lightness(), 180);
+}
+
+}  // namespace tarnwick::test

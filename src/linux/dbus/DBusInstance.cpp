@@ -102,6 +102,13 @@ InstanceRole DBusInstance::acquire(InstanceHandlers handlers) {
 }
 
 CommandReply DBusInstance::forward(const CommandCall& call) {
+  if (call.arguments.isEmpty()) {  // a start by hand while it runs
+    auto activate = QDBusMessage::createMethodCall(kApplicationID, kPath, QStringLiteral("org.freedesktop.Application"),
+                                                   QStringLiteral("Activate"));
+    activate.setAutoStartService(false);
+    activate << QVariantMap();
+    return {m_bus.call(activate, QDBus::Block, kForwardTimeout).type() == QDBusMessage::ReplyMessage ? 0 : 1, {}, {}};
+  }
   auto message = QDBusMessage::createMethodCall(kApplicationID, kPath, kCommandInterface, QStringLiteral("Command"));
   message.setAutoStartService(false);
   message << call.arguments << QString::fromUtf8(call.standardInput) << call.workingDirectory;

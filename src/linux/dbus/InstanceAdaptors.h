@@ -31,8 +31,12 @@ class ApplicationAdaptor final : public QDBusAbstractAdaptor {
 class CommandAdaptor final : public QDBusAbstractAdaptor {
   Q_OBJECT
   Q_CLASSINFO("D-Bus Interface", "app.tarnwick.Tarnwick1")
+  Q_PROPERTY(QString StorePath READ storePath)
  public:
   CommandAdaptor(QObject* parent, const DBusInstance& instance) : QDBusAbstractAdaptor(parent), m_instance(instance) {}
+
+  /// The store that this program holds; callers compare it with their own.
+  [[nodiscard]] QString storePath() const { return m_instance.handlers().storePath; }
 
  public Q_SLOTS:
   // NOLINTBEGIN: names and arguments are the interface's

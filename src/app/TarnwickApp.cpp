@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include "app/TarnwickApp.h"
+
+#include "app/AppDelegate.h"
+#include "app/StoreLocation.h"
+#include "app/commands/OfflineServices.h"
+#include "context/GitQueue.h"
+#include "effects/Symbols.h"
+#include "linux/LinuxPorts.h"
+#include "linux/time/QtScheduler.h"
+#include "linux/time/SystemClock.h"
+#include "platform/Instance.h"
+#include "platform/Workspace.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLibraryInfo>
+#include <QTranslator>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace tarnwick {
+namespace {
+
+enum class Start { Program, Command };
+
+QStringList wordsOf(int argc, char** argv) {
+  QStringList words;
+  for (int i = 1; i < argc; ++i) words.append(QString::fromUtf8(argv[i]));
+  return words;
+}
+
+Start startOf(const QStringList& words) {
+  const bool isProgram = words.isEmpty() || words == QStringList{QStringLiteral("--background")};
+  return isProgram ? Start::Program : Start::Command;
+}
+
+void print(const CommandReply& reply) {
+  std::fwrite(reply.output.constData(), 1, static_cast<size_t>(reply.output.size()), stdout);
+  std::fwrite(reply.error.constData(), 1, static_cast<size_t>(reply.error.size()), stderr);
+}
+
+QByteArray readInput(const QStringList& words) {
+  if (words.value(0) != u"add" || !words.contains(QStringLiteral("-"))) return {};
+  QFile input;
+  return input.open(stdin, QIODevice::ReadOnly) ? input.readAll() : QByteArray();
+}
+
+void nameApplication() {
+  QCoreApplication::setApplicationName(QStringLiteral("tarnwick"));
+  QCoreApplication::setApplicationVersion(QStringLiteral(TARNWICK_VERSION));
+}
+
+// Everything is painted by ourselves: the desktop's theme plug-in would cost tens of milliseconds and megabytes.
+// In a Wayland session windows keep their place and level only through XWayland.
+void choosePlatform() {
+  qputenv("QT_QPA_PLATFORMTHEME", "generic");
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
+    qputenv("QT_QPA_PLATFORM", "xcb");
+  }
+}
+
+bool hasDisplay() {
+  return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+         !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+AppPorts portsOf(LinuxPorts& ports) {
+  return {ports.clock(),         ports.scheduler(),     ports.screens(), ports.workspace(), ports.windowServer(),
+          ports.otherWindows(),  ports.accessibility(), ports.hotKeys(), ports.notifications(), ports.audio(),
+          ports.haptics(),       ports.power(),         ports.captureWatch(), ports.loginItem(),
+          ports.dockPreferences(), ports.session()};
+}
+
+int runProgram(int& argc, char** argv, const QStringList& words) {
+  if (!hasDisplay()) {
+    std::fputs("tarnwick: there is no display\n", stderr);
+    return 1;
+  }
+  choosePlatform();
+  QApplication application(argc, argv);
+  // Programs that are opened from here have a theme of their own.
+  qunsetenv("QT_QPA_PLATFORMTHEME");
+  nameApplication();
+  QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick"));
+  QGuiApplication::setDesktopFileName(kApplicationID);
+  QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(Symbols::applicationIcon());
+
+  LinuxPorts ports;
+  AppDelegate delegate(portsOf(ports), {persistentStorePath(), settingsPath()});
+  QObject::connect(&delegate, &AppDelegate::quitRequested, &application, &QCoreApplication::quit, Qt::QueuedConnection);
+
+  InstanceHandlers handlers;
+  handlers.storePath = persistentStorePath();
+  handlers.command = [&delegate](const CommandCall& call) { return delegate.runCommand(call); };
+  handlers.reopen = [&delegate] { delegate.applicationShouldHandleReopen(); };
+  handlers.action = [&delegate](const QString& action) { delegate.runAction(action); };
+  handlers.sessionEnds = [] { QCoreApplication::quit(); };
+  if (ports.instance().acquire(std::move(handlers)) == InstanceRole::Second) {
+    // Another one was quicker. A start by hand is the reopen event for it.
+    if (words.isEmpty()) return ports.instance().forward({}).exitStatus;
+    return 0;
+  }
+  delegate.applicationDidFinishLaunching();
+  const int status = QApplication::exec();
+  delegate.applicationWillTerminate();
+  return status;
+}
+
+int runCommand(int& argc, char** argv, const QStringList& words) {
+  QCoreApplication application(argc, argv);
+  nameApplication();
+  SystemClock clock;
+  QtScheduler scheduler(clock);
+  GitQueue git(scheduler);
+  OfflineServices services({persistentStorePath(), settingsPath()}, clock, scheduler, git);
+  const auto reply = services.run({words, readInput(words), QDir::currentPath()});
+  print(reply);
+  return reply.exitStatus;
+}
+
+}  // namespace
+
+int TarnwickApp::main(int argc, char** argv) {
+  const auto words = wordsOf(argc, argv);
+  return startOf(words) == Start::Program ? runProgram(argc, argv, words) : runCommand(argc, argv, words);
+}
+
+}  // namespace tarnwick

@@ -40,7 +40,9 @@ void AddTaskView::begin(const NoteDraft& draft, const QStringList& boards) {
   m_stick->setEnabled(!isEmpty());
 }
 
-bool AddTaskView::isEmpty() const { return m_form->draft().isEmpty(); }
+bool AddTaskView::isEmpty() const {
+  return m_form->draft().isEmpty();
+}
 
 void AddTaskView::create() {
   NoteEditing editing(m_services);
@@ -54,7 +56,9 @@ void AddTaskView::cancel() {
   if (!m_form->closeDateBlock()) m_actions.onCancel();
 }
 
-void AddTaskView::takeFocus() { m_form->text().setFocus(); }
+void AddTaskView::takeFocus() {
+  m_form->text().setFocus();
+}
 
 void AddTaskView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) {

@@ -43,7 +43,8 @@ class SweepButton final : public PaintedButton {
     const double left = (width() - words - 23) / 2;
     const QColor front = QColor::fromRgb(tokens::kText);
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    Symbols::paint(painter, QStringLiteral("sweep"), QRectF(isMirrored ? left + words + 8 : left, (height() - 15) / 2.0, 15, 15), front);
+    Symbols::paint(painter, QStringLiteral("sweep"),
+                   QRectF(isMirrored ? left + words + 8 : left, (height() - 15) / 2.0, 15, 15), front);
     painter.setFont(font());
     painter.setPen(front);
     painter.drawText(QRectF(isMirrored ? left : left + 23, 0, words + 2, height()), Qt::AlignVCenter, text());
@@ -109,8 +110,9 @@ void AshesOverlay::layOut() {
     row->reviveButton().installEventFilter(this);
     connect(row, &AshesRow::reviveRequested, this, [this](const TaskPtr& task) { m_actions.onRevive(task); });
     m_rows.push_back(row);
-    QWidget::setTabOrder(m_rows.size() > 1 ? &m_rows[m_rows.size() - 2]->reviveButton() : static_cast<QWidget*>(m_close),
-                         &row->reviveButton());
+    QWidget::setTabOrder(
+        m_rows.size() > 1 ? &m_rows[m_rows.size() - 2]->reviveButton() : static_cast<QWidget*>(m_close),
+        &row->reviveButton());
     QWidget::setTabOrder(&row->reviveButton(), m_sweep);
   }
   const int first = m_offset / AshesRow::kPitch;
@@ -118,8 +120,9 @@ void AshesOverlay::layOut() {
     const std::size_t index = static_cast<std::size_t>(first) + i;
     AshesRow* row = m_rows[i];
     row->setTask(index < m_burned.size() ? m_burned[index] : nullptr);
-    row->setGeometry(0, kFirstScrap - kScrapsTop + static_cast<int>(index) * AshesRow::kPitch - m_offset - AshesRow::kMargin,
-                     width(), AshesRow::kHeight + 2 * AshesRow::kMargin);
+    row->setGeometry(
+        0, kFirstScrap - kScrapsTop + static_cast<int>(index) * AshesRow::kPitch - m_offset - AshesRow::kMargin,
+        width(), AshesRow::kHeight + 2 * AshesRow::kMargin);
   }
 }
 
@@ -137,7 +140,8 @@ bool AshesOverlay::eventFilter(QObject* watched, QEvent* event) {
           return true;
         }
         const auto next = static_cast<std::ptrdiff_t>(i) + way;
-        if (next >= 0 && next < static_cast<std::ptrdiff_t>(m_rows.size()) && m_rows[static_cast<std::size_t>(next)]->task()) {
+        if (next >= 0 && next < static_cast<std::ptrdiff_t>(m_rows.size()) &&
+            m_rows[static_cast<std::size_t>(next)]->task()) {
           m_rows[static_cast<std::size_t>(next)]->reviveButton().setFocus();
         }
         return true;

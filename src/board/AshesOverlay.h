@@ -48,7 +48,7 @@ class AshesOverlay final : public QWidget {
 
   Actions m_actions;
   TaskList m_burned;
-  QWidget* m_scraps;  // clips the rows between head and foot
+  QWidget* m_scraps;              // clips the rows between head and foot
   std::vector<AshesRow*> m_rows;  // as many as fit: they are given the notes that are in view
   ToolButton* m_close;
   QAbstractButton* m_sweep;

@@ -122,7 +122,8 @@ QPixmap AshesRow::scrap(double scale) const {
   const QColor paper = Color::fromHex(m_task->colorHex());
   painter.save();
   painter.setClipPath(path);
-  const QColor charred = Color::blend(Color::blend(paper, QColor::fromRgb(0x38322D), 0.90), QColor::fromRgb(0x1D1917), 0.42);
+  const QColor charred =
+      Color::blend(Color::blend(paper, QColor::fromRgb(0x38322D), 0.90), QColor::fromRgb(0x1D1917), 0.42);
   painter.fillRect(QRectF(0, 0, w, h), charred);
   painter.setPen(Qt::NoPen);
   for (int i = 0; i < 10; ++i) {

@@ -40,9 +40,13 @@ SearchField::SearchField(QWidget* parent)
   connect(m_close, &QAbstractButton::clicked, this, &SearchField::closeRequested);
 }
 
-QString SearchField::text() const { return m_edit->text(); }
+QString SearchField::text() const {
+  return m_edit->text();
+}
 
-void SearchField::setText(const QString& text) { m_edit->setText(text); }
+void SearchField::setText(const QString& text) {
+  m_edit->setText(text);
+}
 
 void SearchField::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
@@ -61,7 +65,8 @@ void SearchField::paintEvent(QPaintEvent* /*event*/) {
   painter.fillRect(QRectF(box.left(), box.top(), box.width(), 4), inner);
   painter.restore();
   const double x = layoutDirection() == Qt::RightToLeft ? width() - 11 - 15 : 11;
-  Symbols::paint(painter, QStringLiteral("search"), QRectF(x, (height() - 15) / 2.0, 15, 15), QColor::fromRgb(tokens::kText2));
+  Symbols::paint(painter, QStringLiteral("search"), QRectF(x, (height() - 15) / 2.0, 15, 15),
+                 QColor::fromRgb(tokens::kText2));
   if (m_edit->hasFocus()) paintFocusRing(painter, QRectF(rect()), 11);
 }
 
@@ -85,7 +90,9 @@ bool SearchField::eventFilter(QObject* watched, QEvent* event) {
 
 TagRow::TagRow(QWidget* parent) : ChoiceRow(tr("Tags"), parent) {}
 
-QString TagRow::itemName(int index) const { return CardParts::tagName(kTaskTags[static_cast<std::size_t>(index)]); }
+QString TagRow::itemName(int index) const {
+  return CardParts::tagName(kTaskTags[static_cast<std::size_t>(index)]);
+}
 
 QRectF TagRow::itemRect(int index) const {
   const double step = (width() + 4.0) / count();

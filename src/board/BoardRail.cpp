@@ -32,9 +32,13 @@ DisplayModeSegment::DisplayModeSegment(QWidget* parent) : ChoiceRow(tr("Torn-off
   setFixedSize(sizeHint());
 }
 
-QString DisplayModeSegment::itemName(int index) const { return label(kNoteDisplayModes[static_cast<std::size_t>(index)]); }
+QString DisplayModeSegment::itemName(int index) const {
+  return label(kNoteDisplayModes[static_cast<std::size_t>(index)]);
+}
 
-QRectF DisplayModeSegment::itemRect(int index) const { return mirrored(QRectF(2 + index * 27, 2, 26, 20)); }
+QRectF DisplayModeSegment::itemRect(int index) const {
+  return mirrored(QRectF(2 + index * 27, 2, 26, 20));
+}
 
 void DisplayModeSegment::paintGround(QPainter& painter) {
   painter.setPen(QPen(tokens::white(0.07), 1));
@@ -83,7 +87,8 @@ void BurnCountdownLabel::paintEvent(QPaintEvent* /*event*/) {
   painter.setRenderHint(QPainter::Antialiasing);
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
   const QColor color = QColor::fromRgb(m_countdown.isUrgent ? tokens::kWarning : tokens::kAmber);
-  Symbols::paint(painter, QStringLiteral("hourglass"), QRectF(isMirrored ? width() - 16 : 3, (height() - 13) / 2.0, 13, 13), color);
+  Symbols::paint(painter, QStringLiteral("hourglass"),
+                 QRectF(isMirrored ? width() - 16 : 3, (height() - 13) / 2.0, 13, 13), color);
   const QFont font = countdownFont(m_countdown);
   painter.setFont(font);
   painter.setPen(color);
@@ -118,9 +123,10 @@ BoardRail::BoardRail(QWidget* parent)
   m_name->setAccessibleName(tr("Name of the new board"));
   m_name->setPlaceholderText(tr("Board name"));
   m_name->setFont(tokens::font(tokens::Type::RowTitle));
-  m_name->setStyleSheet(QStringLiteral("QLineEdit{background:rgba(0,0,0,.34);border:2px solid #FFE169;border-radius:7px;"
-                                       "color:#F4F1EA;padding:0 5px;selection-background-color:#FFE169;"
-                                       "selection-color:#383217}"));
+  m_name->setStyleSheet(
+      QStringLiteral("QLineEdit{background:rgba(0,0,0,.34);border:2px solid #FFE169;border-radius:7px;"
+                     "color:#F4F1EA;padding:0 5px;selection-background-color:#FFE169;"
+                     "selection-color:#383217}"));
   m_name->installEventFilter(this);
   m_name->hide();
 
@@ -207,7 +213,8 @@ void BoardRail::layOut() {
   place(m_name, kEdge - 3 + stripWidth, 12, kNameWidth, 26);
 
   int x = width() - kEdge - 1;
-  for (QWidget* tool : {static_cast<QWidget*>(m_stats), static_cast<QWidget*>(m_tags), static_cast<QWidget*>(m_search)}) {
+  for (QWidget* tool :
+       {static_cast<QWidget*>(m_stats), static_cast<QWidget*>(m_tags), static_cast<QWidget*>(m_search)}) {
     x -= 26;
     place(tool, x, 42, 26, 24);
     x -= 2;

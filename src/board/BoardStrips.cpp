@@ -63,7 +63,9 @@ UpdateBanner::UpdateBanner(QWidget* parent)
   connect(m_close, &QAbstractButton::clicked, this, &UpdateBanner::dismissed);
 }
 
-QList<QWidget*> UpdateBanner::stops() const { return {m_get, m_close}; }
+QList<QWidget*> UpdateBanner::stops() const {
+  return {m_get, m_close};
+}
 
 void UpdateBanner::setVersion(const QString& version) {
   if (version == m_version) return;
@@ -106,7 +108,9 @@ void UpdateBanner::paintEvent(QPaintEvent* /*event*/) {
 
 AshesStrip::AshesStrip(QWidget* parent) : PaintedButton(parent) {}
 
-QSize AshesStrip::sizeHint() const { return {390, static_cast<int>(AshLedge::kHeight + AshLedge::kRise)}; }
+QSize AshesStrip::sizeHint() const {
+  return {390, static_cast<int>(AshLedge::kHeight + AshLedge::kRise)};
+}
 
 void AshesStrip::setCount(int count) {
   setText(tr("%1 burned last night · Revive").arg(count));
@@ -114,7 +118,9 @@ void AshesStrip::setCount(int count) {
   update();
 }
 
-bool AshesStrip::hitButton(const QPoint& point) const { return point.y() >= AshLedge::kRise; }
+bool AshesStrip::hitButton(const QPoint& point) const {
+  return point.y() >= AshLedge::kRise;
+}
 
 void AshesStrip::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
@@ -132,7 +138,8 @@ void AshesStrip::paintEvent(QPaintEvent* /*event*/) {
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
   const double left = (width() - all) / 2;
   const QRectF row(left, height() - 7 - 16 + (isDown() ? 1 : 0), all, 16);
-  Symbols::paint(painter, QStringLiteral("flame"), QRectF(isMirrored ? row.right() - 14 : row.left(), row.top() + 1, 14, 14), color);
+  Symbols::paint(painter, QStringLiteral("flame"),
+                 QRectF(isMirrored ? row.right() - 14 : row.left(), row.top() + 1, 14, 14), color);
   painter.setFont(font);
   painter.setPen(color);
   painter.drawText(isMirrored ? row.adjusted(-2, 0, -20, 0) : row.adjusted(20, 0, 2, 0), Qt::AlignVCenter, text());

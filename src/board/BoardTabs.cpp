@@ -26,7 +26,9 @@ constexpr double kEdge = 3;  // room for a turned label and the focus ring
 
 }  // namespace
 
-BoardTabs::BoardTabs(QWidget* parent) : ChoiceRow(tr("Boards"), parent) { setFixedHeight(32); }
+BoardTabs::BoardTabs(QWidget* parent) : ChoiceRow(tr("Boards"), parent) {
+  setFixedHeight(32);
+}
 
 void BoardTabs::setTabs(const QStringList& names, const QString& selected) {
   const auto index = std::max<qsizetype>(0, names.indexOf(selected));
@@ -77,7 +79,9 @@ void BoardTabs::reveal(int index) {
   if (right + kFade > m_offset + width()) scrollTo(right + kFade - width());
 }
 
-void BoardTabs::currentMoved() { reveal(current()); }
+void BoardTabs::currentMoved() {
+  reveal(current());
+}
 
 void BoardTabs::resizeEvent(QResizeEvent* event) {
   ChoiceRow::resizeEvent(event);
@@ -138,7 +142,8 @@ void BoardTabs::paintItem(QPainter& painter, int index, const ItemState& state) 
   QRectF text = rect.adjusted(kPadding, 0, -kPadding, 0);
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
   if (m_names[index] == kFocusBoard) {
-    const QRectF tally(isMirrored ? text.right() - kTally : text.left(), rect.center().y() - kTally / 2, kTally, kTally);
+    const QRectF tally(isMirrored ? text.right() - kTally : text.left(), rect.center().y() - kTally / 2, kTally,
+                       kTally);
     Symbols::paint(painter, QStringLiteral("tally"), tally, ink);
     isMirrored ? text.setRight(text.right() - kTally - kTallyGap) : text.setLeft(text.left() + kTally + kTallyGap);
   }

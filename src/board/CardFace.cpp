@@ -28,20 +28,23 @@ double counterWidth(const QString& counter) {
 }  // namespace
 
 QString CardFace::key() const {
-  return QStringList{text,
-                     colorHex,
-                     rawValue(theme),
-                     rawValue(stamp),
-                     rawValue(tag),
-                     due ? due->text + QLatin1Char(due->isOverdue ? '!' : '.') + QLatin1Char(due->repeats ? 'r' : '-') : QString(),
-                     appID,
-                     QString::number((isPrivate ? 1 : 0) | (isDaily3 ? 2 : 0) | (isSmoldering ? 4 : 0) |
-                                     (hasMoreContrast ? 8 : 0) | (direction == Qt::RightToLeft ? 16 : 0)),
-                     mark}
+  return QStringList{
+      text,
+      colorHex,
+      rawValue(theme),
+      rawValue(stamp),
+      rawValue(tag),
+      due ? due->text + QLatin1Char(due->isOverdue ? '!' : '.') + QLatin1Char(due->repeats ? 'r' : '-') : QString(),
+      appID,
+      QString::number((isPrivate ? 1 : 0) | (isDaily3 ? 2 : 0) | (isSmoldering ? 4 : 0) | (hasMoreContrast ? 8 : 0) |
+                      (direction == Qt::RightToLeft ? 16 : 0)),
+      mark}
       .join(QChar(0x1F));
 }
 
-QColor CardFace::ink() const { return Color::inkOnPaper(colorHex); }
+QColor CardFace::ink() const {
+  return Color::inkOnPaper(colorHex);
+}
 
 PaperSheet CardFace::sheet(PaperLift lift) const {
   PaperSheet sheet;
@@ -160,7 +163,8 @@ void CardFace::paintFoot(QPainter& painter, const QRectF& foot) const {
     painter.drawText(fromTrail(std::ceil(counterWidth(counter)) + 1, 20), Qt::AlignCenter, counter);
   }
   if (due) {
-    const QRectF slot(isMirrored ? foot.left() + trailing : foot.left(), foot.top(), foot.width() - trailing, foot.height());
+    const QRectF slot(isMirrored ? foot.left() + trailing : foot.left(), foot.top(), foot.width() - trailing,
+                      foot.height());
     CardParts::paintDueLabel(painter, slot, *due, front, direction);
   }
 }

@@ -18,9 +18,9 @@ namespace {
 constexpr double kCircleGrid = 20;  // the grid that the crumpled outline is drawn on
 
 QPainterPath crumpledOutline() {
-  static const QPolygonF points{{10, 1.6},     {13.3, 2.5},  {16.3, 4.2}, {18, 7.4},   {17.6, 10.9},
-                                {16.5, 14.2},  {13.8, 16.8}, {10.1, 18.1}, {6.3, 17.3}, {3.4, 15.3},
-                                {1.7, 12},     {1.9, 8.3},   {3.5, 5.1},  {6.4, 2.6}};
+  static const QPolygonF points{{10, 1.6},    {13.3, 2.5},  {16.3, 4.2},  {18, 7.4},   {17.6, 10.9},
+                                {16.5, 14.2}, {13.8, 16.8}, {10.1, 18.1}, {6.3, 17.3}, {3.4, 15.3},
+                                {1.7, 12},    {1.9, 8.3},   {3.5, 5.1},   {6.4, 2.6}};
   QPainterPath path;
   path.addPolygon(points);
   path.closeSubpath();
@@ -62,7 +62,8 @@ void CardParts::paintCrushCircle(QPainter& painter, const QPointF& center, doubl
   painter.setPen(QPen(ink, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.setBrush(isPressed ? ink : tokens::faded(ink, 0.12));
   painter.drawPath(crumpledOutline());
-  painter.strokePath(creases(), QPen(isPressed ? tokens::white(0.75) : ink, 1.1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.strokePath(creases(),
+                     QPen(isPressed ? tokens::white(0.75) : ink, 1.1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.restore();
 }
 
@@ -84,8 +85,8 @@ QRectF CardParts::paintDueLabel(QPainter& painter, const QRectF& slot, const Due
                                 Qt::LayoutDirection direction) {
   const bool isMirrored = direction == Qt::RightToLeft;
   const double width = std::min(slot.width(), dueLabelWidth(label));
-  const QRectF rect(isMirrored ? slot.right() - width : slot.left(), slot.top() + (slot.height() - kDueHeight) / 2, width,
-                    kDueHeight);
+  const QRectF rect(isMirrored ? slot.right() - width : slot.left(), slot.top() + (slot.height() - kDueHeight) / 2,
+                    width, kDueHeight);
   const QColor front = label.isOverdue ? QColor(Qt::white) : ink;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
@@ -141,8 +142,8 @@ QRectF CardParts::hoverBarSlot(const QRectF& rect, int count, int index, Qt::Lay
   return {center.x() - size.width() / 2, center.y() - size.height() / 2, size.width(), size.height()};
 }
 
-void CardParts::paintHoverBar(QPainter& painter, const QRectF& rect, const QColor& ink, const QStringList& symbols, int hot,
-                              double radius) {
+void CardParts::paintHoverBar(QPainter& painter, const QRectF& rect, const QColor& ink, const QStringList& symbols,
+                              int hot, double radius) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
@@ -175,13 +176,20 @@ void CardParts::paintAppTile(QPainter& painter, const QRectF& rect, const QIcon&
 
 QColor CardParts::tagColor(TaskTag tag) {
   switch (tag) {
-    case TaskTag::none: return {};
-    case TaskTag::red: return QColor::fromRgb(0xE5484D);
-    case TaskTag::orange: return QColor::fromRgb(0xF08A24);
-    case TaskTag::yellow: return QColor::fromRgb(0xEBC51E);
-    case TaskTag::green: return QColor::fromRgb(0x2FB573);
-    case TaskTag::blue: return QColor::fromRgb(0x3B82F6);
-    case TaskTag::pink: return QColor::fromRgb(0xEC5FA0);
+    case TaskTag::none:
+      return {};
+    case TaskTag::red:
+      return QColor::fromRgb(0xE5484D);
+    case TaskTag::orange:
+      return QColor::fromRgb(0xF08A24);
+    case TaskTag::yellow:
+      return QColor::fromRgb(0xEBC51E);
+    case TaskTag::green:
+      return QColor::fromRgb(0x2FB573);
+    case TaskTag::blue:
+      return QColor::fromRgb(0x3B82F6);
+    case TaskTag::pink:
+      return QColor::fromRgb(0xEC5FA0);
   }
   return {};
 }
@@ -189,13 +197,20 @@ QColor CardParts::tagColor(TaskTag tag) {
 QString CardParts::tagName(TaskTag tag) {
   const auto tr = [](const char* text) { return QCoreApplication::translate("CardParts", text); };
   switch (tag) {
-    case TaskTag::none: return tr("No tag");
-    case TaskTag::red: return tr("Red");
-    case TaskTag::orange: return tr("Orange");
-    case TaskTag::yellow: return tr("Yellow");
-    case TaskTag::green: return tr("Green");
-    case TaskTag::blue: return tr("Blue");
-    case TaskTag::pink: return tr("Pink");
+    case TaskTag::none:
+      return tr("No tag");
+    case TaskTag::red:
+      return tr("Red");
+    case TaskTag::orange:
+      return tr("Orange");
+    case TaskTag::yellow:
+      return tr("Yellow");
+    case TaskTag::green:
+      return tr("Green");
+    case TaskTag::blue:
+      return tr("Blue");
+    case TaskTag::pink:
+      return tr("Pink");
   }
   return {};
 }

@@ -36,8 +36,8 @@ class CardParts {
   /// The ink ribbon of a daily-three note: 15 × 23.
   static void paintRibbon(QPainter& painter, const QPointF& topLeft, const QColor& ink, const QString& paperHex);
   /// Dark bar of tools in ink; `hot` is the index under the pointer, -1 for none.
-  static void paintHoverBar(QPainter& painter, const QRectF& rect, const QColor& ink, const QStringList& symbols, int hot,
-                            double radius);
+  static void paintHoverBar(QPainter& painter, const QRectF& rect, const QColor& ink, const QStringList& symbols,
+                            int hot, double radius);
   /// Slot of a tool in the bar.
   [[nodiscard]] static QRectF hoverBarSlot(const QRectF& rect, int count, int index, Qt::LayoutDirection direction);
   /// An application's icon, or the window symbol where it has none.

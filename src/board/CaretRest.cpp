@@ -16,8 +16,7 @@ constexpr int kUsualFlash = 1060;
 
 }  // namespace
 
-CaretRest::CaretRest(const Clock& clock, Scheduler& scheduler, QWidget* field)
-    : CaretRest(scheduler, field) {
+CaretRest::CaretRest(const Clock& clock, Scheduler& scheduler, QWidget* field) : CaretRest(scheduler, field) {
   m_clock = &clock;
 }
 
@@ -33,11 +32,14 @@ CaretRest::~CaretRest() {
   if (m_untilRest.isHeld()) QApplication::setCursorFlashTime(m_flashTime);
 }
 
-bool CaretRest::isBlinking() const { return QApplication::cursorFlashTime() > 0; }
+bool CaretRest::isBlinking() const {
+  return QApplication::cursorFlashTime() > 0;
+}
 
 bool CaretRest::isCaretOn() const {
   if (!m_clock || !isBlinking()) return true;
-  const auto half = std::chrono::nanoseconds(std::chrono::milliseconds(std::max(2, QApplication::cursorFlashTime()))) / 2;
+  const auto half =
+      std::chrono::nanoseconds(std::chrono::milliseconds(std::max(2, QApplication::cursorFlashTime()))) / 2;
   // The field is repainted at each half period since the last key, give or take some milliseconds.
   return ((m_clock->mediaTime() - m_lastKey + half / 4) / half) % 2 == 0;
 }
@@ -47,12 +49,15 @@ bool CaretRest::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::KeyPress:
     case QEvent::FocusIn:
     case QEvent::InputMethod:
-    case QEvent::MouseButtonPress: blink(); break;
+    case QEvent::MouseButtonPress:
+      blink();
+      break;
     case QEvent::FocusOut:
       m_untilRest.cancel();
       QApplication::setCursorFlashTime(m_flashTime);
       break;
-    default: break;
+    default:
+      break;
   }
   return QObject::eventFilter(watched, event);
 }

@@ -27,7 +27,9 @@ constexpr double kBoxSize = 14;
 constexpr double kIndent = 20;
 constexpr double kLineHeight = 20;
 
-int stateOf(const QTextBlock& block) { return block.blockFormat().intProperty(kBoxState); }
+int stateOf(const QTextBlock& block) {
+  return block.blockFormat().intProperty(kBoxState);
+}
 
 QString lineOf(const QTextBlock& block) {
   const int state = stateOf(block);
@@ -111,7 +113,9 @@ void ChecklistEdit::fill(const QString& text, History history) {
   setTextCursor(caret);
 }
 
-void ChecklistEdit::setNoteText(const QString& text) { fill(text, History::Forget); }
+void ChecklistEdit::setNoteText(const QString& text) {
+  fill(text, History::Forget);
+}
 
 QString ChecklistEdit::noteText() const {
   QStringList lines;
@@ -119,7 +123,9 @@ QString ChecklistEdit::noteText() const {
   return lines.join(QLatin1Char('\n'));
 }
 
-bool ChecklistEdit::hasBoxes() const { return StickyChecklist::hasChecklist(noteText()); }
+bool ChecklistEdit::hasBoxes() const {
+  return StickyChecklist::hasChecklist(noteText());
+}
 
 void ChecklistEdit::ensureChecklist() {
   fill(StickyChecklist::ensureChecklist(noteText()), History::Keep);
@@ -158,7 +164,8 @@ void ChecklistEdit::paintEvent(QPaintEvent* event) {
     hint.setWeight(QFont::Normal);
     painter.setFont(hint);
     painter.setPen(tokens::faded(m_ink, 0.88));
-    painter.drawText(QRectF(3, 0, viewport()->width() - 3, kLineHeight), int(Qt::AlignVCenter) | int(Qt::AlignLeading), m_hint);
+    painter.drawText(QRectF(3, 0, viewport()->width() - 3, kLineHeight), int(Qt::AlignVCenter) | int(Qt::AlignLeading),
+                     m_hint);
   }
   for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
     const int state = stateOf(block);
@@ -177,7 +184,8 @@ void ChecklistEdit::paintEvent(QPaintEvent* event) {
     const double length = std::max(16.0, room * room / (room + bar->maximum()));
     painter.setPen(Qt::NoPen);
     painter.setBrush(tokens::faded(m_ink, 0.35));
-    painter.drawRoundedRect(QRectF(viewport()->width() - 4, (room - length) * bar->value() / bar->maximum(), 4, length), 2, 2);
+    painter.drawRoundedRect(QRectF(viewport()->width() - 4, (room - length) * bar->value() / bar->maximum(), 4, length),
+                            2, 2);
   }
 }
 
@@ -194,7 +202,8 @@ void ChecklistEdit::keyPressEvent(QKeyEvent* event) {
   QTextCursor cursor = textCursor();
   const QTextBlock block = cursor.block();
   if (stateOf(block) != 0 && !cursor.hasSelection()) {
-    const bool leavesList = (isReturn && block.text().isEmpty()) || (event->key() == Qt::Key_Backspace && cursor.atBlockStart());
+    const bool leavesList =
+        (isReturn && block.text().isEmpty()) || (event->key() == Qt::Key_Backspace && cursor.atBlockStart());
     if (leavesList) {
       cursor.setBlockFormat(formatOf(QString()));
       viewport()->update();

@@ -65,7 +65,8 @@ class ChoiceItem final : public QAccessibleInterface, public QAccessibleActionIn
 class ChoiceList final : public QAccessibleWidget {
  public:
   explicit ChoiceList(ChoiceRow* row)
-      : QAccessibleWidget(row, row->itemRole() == QAccessible::PageTab ? QAccessible::PageTabList : QAccessible::Grouping) {}
+      : QAccessibleWidget(row,
+                          row->itemRole() == QAccessible::PageTab ? QAccessible::PageTabList : QAccessible::Grouping) {}
   ~ChoiceList() override {
     for (const QAccessible::Id id : m_items) QAccessible::deleteAccessibleInterface(id);
   }
@@ -195,14 +196,26 @@ void ChoiceRow::keyPressEvent(QKeyEvent* event) {
   const int towardsEnd = layoutDirection() == Qt::RightToLeft ? -1 : 1;
   int wanted = m_current;
   switch (event->key()) {
-    case Qt::Key_Left: wanted -= towardsEnd; break;
-    case Qt::Key_Right: wanted += towardsEnd; break;
-    case Qt::Key_Home: wanted = 0; break;
-    case Qt::Key_End: wanted = count() - 1; break;
+    case Qt::Key_Left:
+      wanted -= towardsEnd;
+      break;
+    case Qt::Key_Right:
+      wanted += towardsEnd;
+      break;
+    case Qt::Key_Home:
+      wanted = 0;
+      break;
+    case Qt::Key_End:
+      wanted = count() - 1;
+      break;
     case Qt::Key_Space:
     case Qt::Key_Return:
-    case Qt::Key_Enter: choose(m_current); return;
-    default: event->ignore(); return;
+    case Qt::Key_Enter:
+      choose(m_current);
+      return;
+    default:
+      event->ignore();
+      return;
   }
   wanted = std::clamp(wanted, 0, std::max(0, count() - 1));
   if (wanted != m_current) choose(wanted);

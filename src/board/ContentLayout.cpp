@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // How the board is put together: its widgets, what they are connected to, where they stand and in which order they get
 // the keyboard.
+#include "board/BoardTabs.h"
 #include "board/ContentState.h"
 #include "board/InkButton.h"
 #include "context/ContextEngine.h"
 #include "effects/AshLedge.h"
 #include "effects/BoardSurfaceView.h"
 #include "effects/Controls.h"
-#include "board/BoardTabs.h"
 #include "model/NotificationCenter.h"
 #include "model/SettingsKeys.h"
 #include "model/UserDefaults.h"
@@ -39,8 +39,10 @@ ContentView::Content::Content(ContentView& owner, const BoardServices& given)
       banner(new UpdateBanner(&owner)),
       rail(new BoardRail(&owner)),
       composer(new AddTaskView(services, {[this] { view.showList(); }, [this] { view.showList(); }}, &owner)),
-      editor(new TaskNoteView(services, [this] { view.showList(); }, &owner)),
-      ashes(new AshesOverlay({[this] { closeAshes(); }, [this](const TaskPtr& task) { revive(task); }, [this] { sweep(); }}, &owner)),
+      editor(new TaskNoteView(
+          services, [this] { view.showList(); }, &owner)),
+      ashes(new AshesOverlay(
+          {[this] { closeAshes(); }, [this](const TaskPtr& task) { revive(task); }, [this] { sweep(); }}, &owner)),
       toast(new UndoToast(services.clock, services.scheduler, services.workspace, &owner)),
       cover(new PageCover(services.clock, services.scheduler, &owner)),
       undoKey(new UndoKeyView(&owner)) {}
@@ -55,7 +57,8 @@ void ContentView::Content::connectAll() {
   connect(&services.context, &ContextEngine::snapshotChanged, &view, [this] { refresh(); });
   connect(&services.updates, &UpdateChecker::changed, &view, [this] { refresh(); });
   connect(&services.center, &NotificationCenter::showAddTask, &view, &ContentView::showComposer);
-  connect(&services.center, &NotificationCenter::crushDidComplete, &view, [this] { toast->show(UndoToast::Kind::Crushed); });
+  connect(&services.center, &NotificationCenter::crushDidComplete, &view,
+          [this] { toast->show(UndoToast::Kind::Crushed); });
   screensWatch = services.screens.onChanged([this] { view.update(); });
 
   connect(rail, &BoardRail::boardChosen, &view, [this](const QString& name) { selectBoard(name); });
@@ -88,19 +91,21 @@ void ContentView::Content::connectAll() {
   });
   connect(wall, &NoteWall::editRequested, &view,
           [this](const QUuid& id) { view.showEditor(services.container.mainContext().findTask(id)); });
-  connect(wall, &NoteWall::tearOffRequested, &view, [this](const QUuid& id, const DesktopRect& from) { tearOff(id, from); });
+  connect(wall, &NoteWall::tearOffRequested, &view,
+          [this](const QUuid& id, const DesktopRect& from) { tearOff(id, from); });
   connect(wall, &NoteWall::scrolled, &view, [this] { placeSlip(); });
 }
 
 void ContentView::Content::orderTabs() {
   QList<QWidget*> order{wall};
-  order << &slip->closeButton() << nudge->stops() << rail->stops() << &field->edit() << tagRow << banner->stops() << strip;
+  order << &slip->closeButton() << nudge->stops() << rail->stops() << &field->edit() << tagRow << banner->stops()
+        << strip;
   for (int i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
 int ContentView::Content::wallTop() const {
   int top = kRail;
-  if (banner->property("isWanted").toBool()) top += kBannerHeight;
+  if (hasBanner) top += kBannerHeight;
   if (showSearch && showTags) return top + 66;
   return showSearch || showTags ? top + 36 : top;
 }
@@ -109,17 +114,19 @@ bool ContentView::Content::showsNudge() const {
   return active.empty() && search.isEmpty() && !(showTags && selectedTag != TaskTag::none) && !showStats;
 }
 
-bool ContentView::Content::showsStrip() const { return burnedLastNight > 0; }
+bool ContentView::Content::showsStrip() const {
+  return burnedLastNight > 0;
+}
 
 void ContentView::Content::placeSlip() {
-  slip->setGeometry(0, static_cast<int>(12 - kSlipSpread - wall->scrollOffset()), view.width(), StatsSlip::kHeight + 2 * kSlipSpread);
+  slip->setGeometry(0, static_cast<int>(12 - kSlipSpread - wall->scrollOffset()), view.width(),
+                    StatsSlip::kHeight + 2 * kSlipSpread);
 }
 
 void ContentView::Content::layOut() {
   const int width = view.width();
   const int height = view.height();
   const bool isList = state == ViewState::list && !showBurned;
-  const bool hasBanner = banner->property("isWanted").toBool();
   rail->setGeometry(0, 0, width, kRail);
   int y = kRail;
   banner->setGeometry(0, y, width, kBannerHeight);
@@ -142,7 +149,8 @@ void ContentView::Content::layOut() {
   const QWidget* focused = view.focusWidget();
   if (isList) wall->show();
   const auto show = [&](QWidget* widget, bool isShown) {
-    if (!isShown && isList && focused && (widget == focused || widget->isAncestorOf(focused))) wall->setFocus(Qt::OtherFocusReason);
+    if (!isShown && isList && focused && (widget == focused || widget->isAncestorOf(focused)))
+      wall->setFocus(Qt::OtherFocusReason);
     widget->setVisible(isShown);
   };
   show(composer, state == ViewState::add);

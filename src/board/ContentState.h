@@ -72,6 +72,7 @@ struct ContentView::Content {
   bool showTags = false;
   QString search;
   TaskTag selectedTag = TaskTag::none;
+  bool hasBanner = false;
   int burnedLastNight = 0;
   bool isStale = false;  // notes changed while nobody looked
 

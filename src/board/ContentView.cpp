@@ -75,7 +75,7 @@ void ContentView::Content::refresh() {
   if (showBurned) ashes->setBurned(burned);
   const auto release = services.updates.bannerRelease();
   if (release) banner->setVersion(release->version);
-  banner->setProperty("isWanted", release.has_value());
+  hasBanner = release.has_value();
   refreshClock();
 }
 
@@ -229,7 +229,9 @@ ContentView::ContentView(const BoardServices& services, QWidget* parent)
 
 ContentView::~ContentView() = default;
 
-ContentView::ViewState ContentView::viewState() const { return m_content->state; }
+ContentView::ViewState ContentView::viewState() const {
+  return m_content->state;
+}
 
 void ContentView::showComposer() {
   if (m_content->state == ViewState::add) {
@@ -269,8 +271,12 @@ void ContentView::takeFocus() {
     case ViewState::list:
       m_content->showBurned ? m_content->ashes->takeFocus() : m_content->wall->setFocus(Qt::OtherFocusReason);
       break;
-    case ViewState::add: m_content->composer->takeFocus(); break;
-    case ViewState::edit: m_content->editor->takeFocus(); break;
+    case ViewState::add:
+      m_content->composer->takeFocus();
+      break;
+    case ViewState::edit:
+      m_content->editor->takeFocus();
+      break;
   }
 }
 
@@ -285,11 +291,14 @@ void ContentView::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(QColor::fromRgb(0x1E2229));
     painter.drawRoundedRect(rect(), BoardSurfaceView::kRadius, BoardSurfaceView::kRadius);
   }
-  painter.drawPixmap(0, 0, BoardSurfaceView::pixmap(mood.value_or(BoardMood::obsidian), GlassVariant::soft, size(), deviceScale(painter)));
+  painter.drawPixmap(
+      0, 0,
+      BoardSurfaceView::pixmap(mood.value_or(BoardMood::obsidian), GlassVariant::soft, size(), deviceScale(painter)));
   if (!isComposited) {
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(Qt::black, 1));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), BoardSurfaceView::kRadius - 0.5, BoardSurfaceView::kRadius - 0.5);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), BoardSurfaceView::kRadius - 0.5,
+                            BoardSurfaceView::kRadius - 0.5);
   }
 }
 

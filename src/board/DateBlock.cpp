@@ -47,7 +47,9 @@ void DayGrid::show(const QLocale& locale, QDate month, QDate chosenDay, QDate to
   update();
 }
 
-QString DayGrid::itemName(int index) const { return m_locale.toString(dayAt(index), QLocale::LongFormat); }
+QString DayGrid::itemName(int index) const {
+  return m_locale.toString(dayAt(index), QLocale::LongFormat);
+}
 
 QRectF DayGrid::itemRect(int index) const {
   const double rowHeight = std::min(20.0, (height() - kHead) / m_weeks);
@@ -97,18 +99,38 @@ void DayGrid::keyPressEvent(QKeyEvent* event) {
   const int towardsEnd = layoutDirection() == Qt::RightToLeft ? -1 : 1;
   QDate wanted = m_chosen;
   switch (event->key()) {
-    case Qt::Key_Left: wanted = wanted.addDays(-towardsEnd); break;
-    case Qt::Key_Right: wanted = wanted.addDays(towardsEnd); break;
-    case Qt::Key_Up: wanted = wanted.addDays(-7); break;
-    case Qt::Key_Down: wanted = wanted.addDays(7); break;
-    case Qt::Key_PageUp: wanted = wanted.addMonths(-1); break;
-    case Qt::Key_PageDown: wanted = wanted.addMonths(1); break;
-    case Qt::Key_Home: wanted = QDate(wanted.year(), wanted.month(), 1); break;
-    case Qt::Key_End: wanted = QDate(wanted.year(), wanted.month(), wanted.daysInMonth()); break;
+    case Qt::Key_Left:
+      wanted = wanted.addDays(-towardsEnd);
+      break;
+    case Qt::Key_Right:
+      wanted = wanted.addDays(towardsEnd);
+      break;
+    case Qt::Key_Up:
+      wanted = wanted.addDays(-7);
+      break;
+    case Qt::Key_Down:
+      wanted = wanted.addDays(7);
+      break;
+    case Qt::Key_PageUp:
+      wanted = wanted.addMonths(-1);
+      break;
+    case Qt::Key_PageDown:
+      wanted = wanted.addMonths(1);
+      break;
+    case Qt::Key_Home:
+      wanted = QDate(wanted.year(), wanted.month(), 1);
+      break;
+    case Qt::Key_End:
+      wanted = QDate(wanted.year(), wanted.month(), wanted.daysInMonth());
+      break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-    case Qt::Key_Space: Q_EMIT accepted(); return;
-    default: event->ignore(); return;
+    case Qt::Key_Space:
+      Q_EMIT accepted();
+      return;
+    default:
+      event->ignore();
+      return;
   }
   Q_EMIT dayChosen(wanted);
 }
@@ -134,9 +156,11 @@ DateBlock::DateBlock(const Clock& clock, QWidget* parent)
   m_time->setButtonSymbols(QAbstractSpinBox::NoButtons);
   m_time->setAccessibleName(tr("Time"));
   m_time->setFont(tokens::font(tokens::Type::RowTitle));
-  m_time->setStyleSheet(QStringLiteral(
-      "QTimeEdit{background:rgba(0,0,0,.07);border:1px solid rgba(0,0,0,.22);border-radius:5px;color:#2A251C;padding:0 6px;"
-      "selection-background-color:#2A251C;selection-color:#FBF3DF}QTimeEdit:focus{border:2px solid #B4332F;padding:0 5px}"));
+  m_time->setStyleSheet(
+      QStringLiteral("QTimeEdit{background:rgba(0,0,0,.07);border:1px solid "
+                     "rgba(0,0,0,.22);border-radius:5px;color:#2A251C;padding:0 6px;"
+                     "selection-background-color:#2A251C;selection-color:#FBF3DF}QTimeEdit:focus{border:2px solid "
+                     "#B4332F;padding:0 5px}"));
   m_clear->setText(tr("Clear due date"));
   m_clear->setInk(QColor::fromRgb(kRedInk));
   const int clearWidth = m_clear->sizeHint().width();
@@ -169,9 +193,13 @@ void DateBlock::setDate(const QDateTime& moment) {
   refresh();
 }
 
-QDateTime DateBlock::date() const { return Calendar::of(m_clock).at(m_day, m_time->time()); }
+QDateTime DateBlock::date() const {
+  return Calendar::of(m_clock).at(m_day, m_time->time());
+}
 
-void DateBlock::takeFocus() { m_grid->setFocus(Qt::OtherFocusReason); }
+void DateBlock::takeFocus() {
+  m_grid->setFocus(Qt::OtherFocusReason);
+}
 
 void DateBlock::turnMonth(int months) {
   m_month = m_month.addMonths(months);
@@ -226,7 +254,8 @@ void DateBlock::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(Qt::white);
   painter.drawText(QRectF(36, 2, kWidth - 72, 33), Qt::AlignCenter, month);
   const double clockX = layoutDirection() == Qt::RightToLeft ? kWidth - 25 : 12;
-  Symbols::paint(painter, QStringLiteral("clock"), QRectF(clockX, kHeight - 27.5, 13, 13), QColor::fromRgb(tokens::kOnLabel));
+  Symbols::paint(painter, QStringLiteral("clock"), QRectF(clockX, kHeight - 27.5, 13, 13),
+                 QColor::fromRgb(tokens::kOnLabel));
 }
 
 }  // namespace tarnwick

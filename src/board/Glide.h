@@ -30,16 +30,20 @@ class Glide final {
   [[nodiscard]] bool isRunning(Time now) const { return now < m_start + m_duration; }
   [[nodiscard]] double at(Time now) const {
     if (!isRunning(now)) return m_to;
-    const double t = std::clamp(static_cast<double>((now - m_start).count()) / static_cast<double>(m_duration.count()), 0.0, 1.0);
+    const double t =
+        std::clamp(static_cast<double>((now - m_start).count()) / static_cast<double>(m_duration.count()), 0.0, 1.0);
     return m_from + (m_to - m_from) * eased(t);
   }
 
  private:
   [[nodiscard]] double eased(double t) const {
     switch (m_curve) {
-      case Curve::EaseOut: return 1 - (1 - t) * (1 - t) * (1 - t);
-      case Curve::EaseIn: return t * t * t;
-      case Curve::EaseInOut: return t < 0.5 ? 4 * t * t * t : 1 - 4 * (1 - t) * (1 - t) * (1 - t);
+      case Curve::EaseOut:
+        return 1 - (1 - t) * (1 - t) * (1 - t);
+      case Curve::EaseIn:
+        return t * t * t;
+      case Curve::EaseInOut:
+        return t < 0.5 ? 4 * t * t * t : 1 - 4 * (1 - t) * (1 - t) * (1 - t);
     }
     return t;
   }

@@ -109,7 +109,8 @@ QList<QWidget*> NoteForm::stops() const {
   return {m_text, m_checklist, m_colors, m_themes, m_due, m_repeat, m_stampChip, m_boardChip, m_app, m_private};
 }
 
-void NoteForm::setDraft(const NoteDraft& draft, const QDateTime& dueDate, const std::optional<QString>& pinnedBundleID) {
+void NoteForm::setDraft(const NoteDraft& draft, const QDateTime& dueDate,
+                        const std::optional<QString>& pinnedBundleID) {
   m_draft = draft;
   m_dueEnabled = draft.dueDate.has_value();
   m_dueDate = draft.dueDate.value_or(dueDate);
@@ -190,7 +191,11 @@ void NoteForm::layOut() {
   const double top = isLined ? 9 : 13;
   place(m_text, sheet.left() + lead, sheet.top() + top, sheet.width() - lead - 14, 100);
   const QSize chip = m_checklist->sizeHint();
-  place(m_checklist, sheet.left() + (isLined ? 26 : isMounted ? 15 : 11), sheet.bottom() - (isMounted ? 14 : 10) - 24, chip.width(), 24);
+  place(m_checklist,
+        sheet.left() + (isLined     ? 26
+                        : isMounted ? 15
+                                    : 11),
+        sheet.bottom() - (isMounted ? 14 : 10) - 24, chip.width(), 24);
   const QSize colors = m_colors->sizeHint();
   const QSize themes = m_themes->sizeHint();
   const int margin = ColorSwatches::kMargin;
@@ -216,7 +221,8 @@ void NoteForm::paintEvent(QPaintEvent* /*event*/) {
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
   if (m_draft.stamp != TaskStamp::none) {
     const QSizeF badge = StampBadgeView::size(m_draft.stamp) * kStampScale;
-    const double x = isMirrored ? sheet.rect.left() + 16 + badge.width() / 2 : sheet.rect.right() - 16 - badge.width() / 2;
+    const double x =
+        isMirrored ? sheet.rect.left() + 16 + badge.width() / 2 : sheet.rect.right() - 16 - badge.width() / 2;
     painter.save();
     painter.translate(x, sheet.rect.bottom() - 16 - badge.height() / 2);
     painter.scale(kStampScale, kStampScale);
@@ -238,7 +244,9 @@ void NoteForm::openDateBlock() {
   if (m_due->hasFocus()) m_dateBlock->takeFocus();
 }
 
-bool NoteForm::isDateBlockOpen() const { return !m_dateBlock->isHidden(); }
+bool NoteForm::isDateBlockOpen() const {
+  return !m_dateBlock->isHidden();
+}
 
 bool NoteForm::closeDateBlock() {
   if (!isDateBlockOpen()) return false;

@@ -41,13 +41,16 @@ NoteWall::NoteWall(const BoardServices& services, QWidget* parent) : QWidget(par
   });
 }
 
-NoteWall::~NoteWall() { m_cards.clear(); }
+NoteWall::~NoteWall() {
+  m_cards.clear();
+}
 
 void NoteWall::setNotes(const TaskList& notes) {
   m_notes = notes;
   m_indexes.clear();
   m_indexes.reserve(static_cast<int>(notes.size()));
-  for (int i = 0; i < static_cast<int>(notes.size()); ++i) m_indexes.insert(notes[static_cast<std::size_t>(i)]->id(), i);
+  for (int i = 0; i < static_cast<int>(notes.size()); ++i)
+    m_indexes.insert(notes[static_cast<std::size_t>(i)]->id(), i);
   if (m_hover && !m_indexes.contains(*m_hover)) m_hover.reset();
   if (m_press && !m_indexes.contains(m_press->id)) cancelPress();
   dropDistantCards();
@@ -145,7 +148,9 @@ TaskStickyCard* NoteWall::card(const QUuid& id) {
   return place.get();
 }
 
-int NoteWall::indexOf(const QUuid& id) const { return m_indexes.value(id, -1); }
+int NoteWall::indexOf(const QUuid& id) const {
+  return m_indexes.value(id, -1);
+}
 
 void NoteWall::dropDistantCards() {
   constexpr int kSpareRows = 3;
@@ -171,7 +176,9 @@ double NoteWall::contentHeight() const {
   return m_topInset + kFirstRow + cards + kBottomSpace + m_bottomInset;
 }
 
-double NoteWall::maxOffset() const { return std::max(0.0, contentHeight() - height()); }
+double NoteWall::maxOffset() const {
+  return std::max(0.0, contentHeight() - height());
+}
 
 QRectF NoteWall::cardRect(int index) const {
   int column = index % kColumns;
@@ -207,7 +214,9 @@ QPointF NoteWall::toCard(int index, const QPointF& point) const {
   return transform.inverted().map(point - rect.topLeft());
 }
 
-bool NoteWall::isLifted(const QUuid& id) const { return m_selection == id || m_hover == id; }
+bool NoteWall::isLifted(const QUuid& id) const {
+  return m_selection == id || m_hover == id;
+}
 
 double NoteWall::angleOf(const TaskStickyCard& card) const {
   if (!m_services.screens.isComposited() && m_services.workspace.isMotionReduced()) return 0;
@@ -376,7 +385,8 @@ void NoteWall::paintCard(QPainter& painter, int index, TaskStickyCard& card, Gli
     painter.setOpacity(full);
   }
   if (face.isSmoldering) {
-    const double wave = m_services.workspace.isMotionReduced() ? 0.5 : 0.5 + 0.5 * std::sin(2 * std::numbers::pi * m_breathPhase);
+    const double wave =
+        m_services.workspace.isMotionReduced() ? 0.5 : 0.5 + 0.5 * std::sin(2 * std::numbers::pi * m_breathPhase);
     face.sheet(PaperLift::Rest).paintEmberGlow(painter, 0.55 + 0.40 * wave);
   }
   const bool isCircleHot = isHovered && m_hotPart == CardPart::Circle;

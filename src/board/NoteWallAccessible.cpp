@@ -8,7 +8,8 @@
 namespace tarnwick {
 namespace {
 
-constexpr std::array kParts{CardPart::Circle, CardPart::Edit, CardPart::ChangeColor, CardPart::Daily3, CardPart::TearOff};
+constexpr std::array kParts{CardPart::Circle, CardPart::Edit, CardPart::ChangeColor, CardPart::Daily3,
+                            CardPart::TearOff};
 
 QRect onScreen(const NoteWall& wall, const QRectF& rect) {
   return {wall.mapToGlobal(rect.topLeft().toPoint()), rect.size().toSize()};
@@ -70,7 +71,8 @@ class ToolPiece final : public WallPiece {
     if (!isValid()) return {};
     QRectF place = card()->face().circleHitRect();
     if (m_part != CardPart::Circle) {
-      place = CardParts::hoverBarSlot(CardFace::hoverBarRect(), 4, static_cast<int>(m_part) - static_cast<int>(CardPart::Edit),
+      place = CardParts::hoverBarSlot(CardFace::hoverBarRect(), 4,
+                                      static_cast<int>(m_part) - static_cast<int>(CardPart::Edit),
                                       wall()->layoutDirection());
     }
     return onScreen(*wall(), place.translated(cardRect().topLeft()));
@@ -102,8 +104,8 @@ class NotePiece final : public WallPiece {
     if (m_tools.isEmpty()) {
       auto* self = const_cast<NotePiece*>(this);  // NOLINT: the framework's ids are for mutable objects
       for (const CardPart part : kParts) {
-        m_tools.append(QAccessible::registerAccessibleInterface(
-            new ToolPiece(wall(), id(), part, QAccessible::uniqueId(self))));
+        m_tools.append(
+            QAccessible::registerAccessibleInterface(new ToolPiece(wall(), id(), part, QAccessible::uniqueId(self))));
       }
     }
     return QAccessible::accessibleInterface(m_tools[index]);
@@ -160,7 +162,9 @@ QAccessibleInterface* makeWall(const QString& /*className*/, QObject* object) {
 
 NoteWallAccessible::NoteWallAccessible(NoteWall* wall) : QAccessibleWidget(wall, QAccessible::List) {}
 
-NoteWallAccessible::~NoteWallAccessible() { forget(); }
+NoteWallAccessible::~NoteWallAccessible() {
+  forget();
+}
 
 void NoteWallAccessible::install() {
   static const bool isInstalled = [] {
@@ -170,7 +174,9 @@ void NoteWallAccessible::install() {
   Q_UNUSED(isInstalled)
 }
 
-NoteWall* NoteWallAccessible::wall() const { return qobject_cast<NoteWall*>(object()); }
+NoteWall* NoteWallAccessible::wall() const {
+  return qobject_cast<NoteWall*>(object());
+}
 
 void NoteWallAccessible::forget() {
   for (const QAccessible::Id id : std::as_const(m_items)) QAccessible::deleteAccessibleInterface(id);
@@ -205,7 +211,9 @@ void NoteWallAccessible::selectionChanged(NoteWall& wall, int index) {
   }
 }
 
-int NoteWallAccessible::childCount() const { return wall() ? static_cast<int>(wall()->notes().size()) : 0; }
+int NoteWallAccessible::childCount() const {
+  return wall() ? static_cast<int>(wall()->notes().size()) : 0;
+}
 
 QAccessibleInterface* NoteWallAccessible::child(int index) const {
   if (index < 0 || index >= childCount()) return nullptr;

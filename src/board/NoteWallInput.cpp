@@ -30,7 +30,8 @@ constexpr double kThumbReach = 10;
 /// The card that hangs on the pointer, also beyond the board's edge.
 class DragSheet final : public QWidget {
  public:
-  explicit DragSheet(QPixmap pixmap) : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint), m_pixmap(std::move(pixmap)) {
+  explicit DragSheet(QPixmap pixmap)
+      : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint), m_pixmap(std::move(pixmap)) {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -55,14 +56,27 @@ void NoteWall::activate(const QUuid& id, CardPart part, int line) {
   const int index = indexOf(id);
   if (!target || index < 0) return;
   switch (part) {
-    case CardPart::Circle: target->crush(); break;
-    case CardPart::Box: target->toggleLine(line); break;
-    case CardPart::Edit: Q_EMIT editRequested(id); break;
-    case CardPart::ChangeColor: target->cycleColor(); break;
-    case CardPart::Daily3: target->toggleDaily3(); break;
-    case CardPart::TearOff: Q_EMIT tearOffRequested(id, desktopRect(cardRect(index))); break;
+    case CardPart::Circle:
+      target->crush();
+      break;
+    case CardPart::Box:
+      target->toggleLine(line);
+      break;
+    case CardPart::Edit:
+      Q_EMIT editRequested(id);
+      break;
+    case CardPart::ChangeColor:
+      target->cycleColor();
+      break;
+    case CardPart::Daily3:
+      target->toggleDaily3();
+      break;
+    case CardPart::TearOff:
+      Q_EMIT tearOffRequested(id, desktopRect(cardRect(index)));
+      break;
     case CardPart::None:
-    case CardPart::Paper: break;
+    case CardPart::Paper:
+      break;
   }
 }
 
@@ -142,7 +156,8 @@ void NoteWall::mouseMoveEvent(QMouseEvent* event) {
     const QPointF way = point - m_press->at;
     if (!m_press->isDragging && std::hypot(way.x(), way.y()) > kDragThreshold) beginDrag(event->globalPosition());
     if (m_press->isDragging && m_dragSheet) {
-      m_dragSheet->move((event->globalPosition() - m_press->grip - QPointF(CardFace::kMargin, CardFace::kMargin)).toPoint());
+      m_dragSheet->move(
+          (event->globalPosition() - m_press->grip - QPointF(CardFace::kMargin, CardFace::kMargin)).toPoint());
       return;
     }
     const int index = indexOf(m_press->id);
@@ -242,7 +257,8 @@ void NoteWall::wheelEvent(QWheelEvent* event) {
     event->ignore();
     return;
   }
-  const double way = event->pixelDelta().isNull() ? event->angleDelta().y() / 120.0 * kWheelStep : event->pixelDelta().y();
+  const double way =
+      event->pixelDelta().isNull() ? event->angleDelta().y() / 120.0 * kWheelStep : event->pixelDelta().y();
   m_scroll.jumpTo(m_offset - way);
   scrollTo(m_offset - way);
   setHover(std::nullopt);
@@ -374,8 +390,11 @@ bool NoteWall::event(QEvent* event) {
     }
     case QEvent::LayoutDirectionChange:
     case QEvent::PaletteChange:
-    case QEvent::FontChange: refreshCards(); break;
-    default: break;
+    case QEvent::FontChange:
+      refreshCards();
+      break;
+    default:
+      break;
   }
   return QWidget::event(event);
 }

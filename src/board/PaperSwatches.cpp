@@ -17,7 +17,9 @@ namespace {
 constexpr double kSide = 22;
 constexpr double kGap = 6;
 
-QRectF sheetRect(int index) { return {ColorSwatches::kMargin + index * (kSide + kGap), ColorSwatches::kMargin, kSide, kSide}; }
+QRectF sheetRect(int index) {
+  return {ColorSwatches::kMargin + index * (kSide + kGap), ColorSwatches::kMargin, kSide, kSide};
+}
 
 QSize rowSize(int count) {
   return {static_cast<int>(count * (kSide + kGap) - kGap) + 2 * ColorSwatches::kMargin,
@@ -37,9 +39,13 @@ void paintRings(QPainter& painter, const QRectF& rect, bool isCurrent, bool isHo
 
 }  // namespace
 
-ColorSwatches::ColorSwatches(QWidget* parent) : ChoiceRow(tr("Paper colour"), parent) { resize(sizeHint()); }
+ColorSwatches::ColorSwatches(QWidget* parent) : ChoiceRow(tr("Paper colour"), parent) {
+  resize(sizeHint());
+}
 
-int ColorSwatches::count() const { return static_cast<int>(kPaperPalette.size()); }
+int ColorSwatches::count() const {
+  return static_cast<int>(kPaperPalette.size());
+}
 
 QString ColorSwatches::colorHex() const {
   return current() >= 0 && current() < count() ? kPaperPalette[static_cast<std::size_t>(current())] : QString();
@@ -50,11 +56,17 @@ void ColorSwatches::setColorHex(const QString& colorHex) {
   setCurrent(found == kPaperPalette.end() ? -1 : static_cast<int>(found - kPaperPalette.begin()));
 }
 
-QString ColorSwatches::itemName(int index) const { return paperColorName(kPaperPalette[static_cast<std::size_t>(index)]); }
+QString ColorSwatches::itemName(int index) const {
+  return paperColorName(kPaperPalette[static_cast<std::size_t>(index)]);
+}
 
-QRectF ColorSwatches::itemRect(int index) const { return mirrored(sheetRect(index)); }
+QRectF ColorSwatches::itemRect(int index) const {
+  return mirrored(sheetRect(index));
+}
 
-QSize ColorSwatches::sizeHint() const { return rowSize(count()); }
+QSize ColorSwatches::sizeHint() const {
+  return rowSize(count());
+}
 
 void ColorSwatches::paintItem(QPainter& painter, int index, const ItemState& state) {
   const QRectF rect = itemRect(index);
@@ -83,11 +95,17 @@ void ThemeChips::setColorHex(const QString& colorHex) {
   update();
 }
 
-QString ThemeChips::itemName(int index) const { return label(kPaperThemes[static_cast<std::size_t>(index)]); }
+QString ThemeChips::itemName(int index) const {
+  return label(kPaperThemes[static_cast<std::size_t>(index)]);
+}
 
-QRectF ThemeChips::itemRect(int index) const { return mirrored(sheetRect(index)); }
+QRectF ThemeChips::itemRect(int index) const {
+  return mirrored(sheetRect(index));
+}
 
-QSize ThemeChips::sizeHint() const { return rowSize(count()); }
+QSize ThemeChips::sizeHint() const {
+  return rowSize(count());
+}
 
 void ThemeChips::paintItem(QPainter& painter, int index, const ItemState& state) {
   const QRectF rect = itemRect(index);
@@ -98,7 +116,8 @@ void ThemeChips::paintItem(QPainter& painter, int index, const ItemState& state)
   painter.fillRect(rect, Color::blend(color, Qt::white, 0.12));
   painter.translate(rect.topLeft());
   switch (kPaperThemes[static_cast<std::size_t>(index)]) {
-    case PaperTheme::plain: break;
+    case PaperTheme::plain:
+      break;
     case PaperTheme::graph:
       painter.setPen(QPen(tokens::black(0.28), 0.8));
       for (const double at : {5.5, 11.0, 16.5}) {

@@ -94,7 +94,8 @@ QPainterPath tornDisc(const QPointF& center, double radius, double cut, unsigned
   return path;
 }
 
-void paintSunPaper(QPainter& painter, const QPainterPath& path, QRgb top, QRgb bottom, const QPointF& center, double radius) {
+void paintSunPaper(QPainter& painter, const QPainterPath& path, QRgb top, QRgb bottom, const QPointF& center,
+                   double radius, double shineFrom = 172) {
   for (const double drop : {4.0, 3.0, 2.0}) painter.fillPath(path.translated(0, drop), tokens::black(0.13));
   QLinearGradient fill(0, path.boundingRect().top(), 0, path.boundingRect().bottom());
   fill.setColorAt(0, QColor::fromRgb(top));
@@ -104,8 +105,8 @@ void paintSunPaper(QPainter& painter, const QPainterPath& path, QRgb top, QRgb b
   QPainterPath shine;
   const double r = radius - 4.5;
   const QRectF box(center.x() - r, center.y() - r, 2 * r, 2 * r);
-  shine.arcMoveTo(box, 172);
-  shine.arcTo(box, 172, -78);
+  shine.arcMoveTo(box, shineFrom);
+  shine.arcTo(box, shineFrom, 94 - shineFrom);
   painter.strokePath(shine, QPen(tokens::white(0.7), 1.5, Qt::SolidLine, Qt::RoundCap));
 }
 
@@ -129,7 +130,7 @@ void paintSun(QPainter& painter, PlanNudgeView::Sky sky) {
     case PlanNudgeView::Sky::Evening: {
       const QPointF center(80, 80);
       paintRays(painter, center, 7, kPi + 0.35, 2 * kPi - 0.35, 0.5, 39, 48, 53);
-      paintSunPaper(painter, tornDisc(center, 33, 71, 11), 0xFFD37A, 0xFF8F52, center, 33);
+      paintSunPaper(painter, tornDisc(center, 33, 71, 11), 0xFFD37A, 0xFF8F52, center, 33, 150);
       paintHorizon(painter, 73.5);
       for (const auto& [x, w] : {std::pair{58.0, 44.0}, std::pair{66.0, 28.0}}) {
         const double y = w > 30 ? 77 : 80.5;
@@ -138,7 +139,8 @@ void paintSun(QPainter& painter, PlanNudgeView::Sky sky) {
       }
       break;
     }
-    case PlanNudgeView::Sky::Night: break;
+    case PlanNudgeView::Sky::Night:
+      break;
   }
 }
 
@@ -158,7 +160,9 @@ PlanNudgeView::Sky PlanNudgeView::skyAt(int hour) {
   return hour < 17 ? Sky::Afternoon : Sky::Evening;
 }
 
-QList<QWidget*> PlanNudgeView::stops() const { return {m_slots.begin(), m_slots.end()}; }
+QList<QWidget*> PlanNudgeView::stops() const {
+  return {m_slots.begin(), m_slots.end()};
+}
 
 void PlanNudgeView::setNudge(const PlanNudge& nudge, Sky sky) {
   if (nudge == m_nudge && sky == m_sky && !m_subtitleLines.isEmpty()) return;

@@ -78,14 +78,17 @@ void PlanSlot::paintEvent(QPaintEvent* /*event*/) {
   }
   const bool isMirrored = layoutDirection() == Qt::RightToLeft;
   painter.setPen(QPen(front, 1.8, Qt::SolidLine, Qt::RoundCap));
-  static const std::array<QList<double>, kCount> kStrokes{QList<double>{6}, QList<double>{3.5, 8.5}, QList<double>{1, 6, 11}};
+  static const std::array<QList<double>, kCount> kStrokes{QList<double>{6}, QList<double>{3.5, 8.5},
+                                                          QList<double>{1, 6, 11}};
   for (const double x : kStrokes[static_cast<std::size_t>(m_index)]) {
     const double at = isMirrored ? paper.width() - 10 - x : 10 + x;
     painter.drawLine(QPointF(at, 10.5), QPointF(at, 21));
   }
-  Symbols::paint(painter, QStringLiteral("plus"), QRectF(paper.center().x() - 10, paper.center().y() - 10, 20, 20), front);
+  Symbols::paint(painter, QStringLiteral("plus"), QRectF(paper.center().x() - 10, paper.center().y() - 10, 20, 20),
+                 front);
   painter.restore();
-  if (hasFocus()) paintFocusRing(painter, QRectF(rect()).adjusted(kMargin - 4, kMargin - 4, 4 - kMargin, 4 - kMargin), 9);
+  if (hasFocus())
+    paintFocusRing(painter, QRectF(rect()).adjusted(kMargin - 4, kMargin - 4, 4 - kMargin, 4 - kMargin), 9);
 }
 
 }  // namespace tarnwick

@@ -26,7 +26,8 @@ QFont sized(tokens::Type role, int pixels, QFont::Weight weight) {
 }  // namespace
 
 StatsSlip::StatsSlip(QWidget* parent)
-    : QWidget(parent), m_close(new InkButton(QStringLiteral("close"), tr("Close stats"), InkButton::Plate::None, this)) {
+    : QWidget(parent),
+      m_close(new InkButton(QStringLiteral("close"), tr("Close stats"), InkButton::Plate::None, this)) {
   m_close->setFixedSize(26, 26);
   connect(m_close, &QAbstractButton::clicked, this, &StatsSlip::closeRequested);
   setAccessibleName(tr("Crush Momentum"));
@@ -158,7 +159,8 @@ void StatsSlip::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(ink);
     painter.setFont(tokens::font(tokens::Type::StatsNumber));
     const auto& [count, words] = columns[static_cast<std::size_t>(i)];
-    painter.drawText(QRectF(place.left(), place.top() + 30, step, 30), Qt::AlignCenter, QString::asprintf("%lld", static_cast<long long>(count)));
+    painter.drawText(QRectF(place.left(), place.top() + 30, step, 30), Qt::AlignCenter,
+                     QString::asprintf("%lld", static_cast<long long>(count)));
     painter.setPen(ink2);
     painter.setFont(tokens::font(tokens::Type::DueLabel));
     painter.drawText(QRectF(place.left(), place.top() + 60, step, 15), Qt::AlignCenter, words);

@@ -142,8 +142,9 @@ void StickyChecklistBody::paint(QPainter& painter, const QPointF& origin) const 
       opacity = kPlainOpacity;
     }
     if (row.isBox) {
-      Symbols::paint(painter, row.isDone ? QStringLiteral("boxDone") : QStringLiteral("box"), row.box.translated(origin),
-                     tokens::faded(m_style.ink, row.isDone ? std::max(kBoxDoneOpacity, m_style.doneOpacity) : kBoxOpenOpacity));
+      Symbols::paint(
+          painter, row.isDone ? QStringLiteral("boxDone") : QStringLiteral("box"), row.box.translated(origin),
+          tokens::faded(m_style.ink, row.isDone ? std::max(kBoxDoneOpacity, m_style.doneOpacity) : kBoxOpenOpacity));
     }
     painter.setPen(tokens::faded(m_style.ink, opacity));
     row.layout->draw(&painter, origin);

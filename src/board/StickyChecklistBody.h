@@ -31,8 +31,8 @@ class StickyChecklistBody final {
     double firstLineInset = 0;  // what the first line leaves free at its trailing end
     int maxLines = 0;           // the last one is elided; 0 = all
     double boxSize = 13;
-    double rowGap = 0;          // between checklist rows
-    QString mark;               // text to highlight, any case; empty = none
+    double rowGap = 0;  // between checklist rows
+    QString mark;       // text to highlight, any case; empty = none
     Qt::LayoutDirection direction = Qt::LeftToRight;
     double doneOpacity = 0.40;
   };

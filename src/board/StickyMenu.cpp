@@ -57,7 +57,8 @@ void StickyMenu::paintEvent(QPaintEvent* /*event*/) {
       Symbols::paint(painter, m_headingSymbol, QRectF(place(8, 13), row.center().y() - 6.5, 13, 13), quiet);
       painter.setFont(tokens::font(tokens::Type::DueLabel));
       painter.setPen(quiet);
-      painter.drawText(QRectF(place(28, row.width() - 36), row.top(), row.width() - 36, row.height()), side, action->text());
+      painter.drawText(QRectF(place(28, row.width() - 36), row.top(), row.width() - 36, row.height()), side,
+                       action->text());
       continue;
     }
     const bool isHot = action == activeAction() && action->isEnabled();
@@ -77,7 +78,8 @@ void StickyMenu::paintEvent(QPaintEvent* /*event*/) {
     } else {
       painter.setFont(font());
       painter.setPen(front);
-      painter.drawText(QRectF(place(31, row.width() - 41), row.top(), row.width() - 41, row.height()), side, action->text());
+      painter.drawText(QRectF(place(31, row.width() - 41), row.top(), row.width() - 41, row.height()), side,
+                       action->text());
     }
   }
 }

@@ -68,7 +68,9 @@ void TaskNoteView::cancel() {
   if (!m_form->closeDateBlock()) m_onClosed();
 }
 
-void TaskNoteView::takeFocus() { m_form->text().setFocus(); }
+void TaskNoteView::takeFocus() {
+  m_form->text().setFocus();
+}
 
 void TaskNoteView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) {

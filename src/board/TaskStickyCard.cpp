@@ -19,7 +19,8 @@ namespace {
 QImage paperOf(const QPixmap& pixmap) {
   if (pixmap.isNull()) return {};
   const double scale = pixmap.devicePixelRatio();
-  const QRectF paper(CardFace::kMargin * scale, CardFace::kMargin * scale, CardFace::kWidth * scale, CardFace::kHeight * scale);
+  const QRectF paper(CardFace::kMargin * scale, CardFace::kMargin * scale, CardFace::kWidth * scale,
+                     CardFace::kHeight * scale);
   QImage image = pixmap.toImage().copy(paper.toRect());
   image.setDevicePixelRatio(scale);
   return image;
@@ -41,7 +42,9 @@ TaskStickyCard::TaskStickyCard(const BoardServices& services, TaskPtr task, std:
   m_faceKey = m_face.key();
 }
 
-double TaskStickyCard::naturalAngle() const { return tarnwick::naturalAngle(m_task->id()); }
+double TaskStickyCard::naturalAngle() const {
+  return tarnwick::naturalAngle(m_task->id());
+}
 
 bool TaskStickyCard::isSmoldering() const {
   return tarnwick::isSmoldering(*m_task, dailyBurn(m_services.defaults), m_services.clock.now(),
@@ -182,14 +185,20 @@ QString TaskStickyCard::accessibleName() const {
 
 QString TaskStickyCard::partName(CardPart part) const {
   switch (part) {
-    case CardPart::Circle: return tr("Crush note");
-    case CardPart::Edit: return tr("Edit");
-    case CardPart::ChangeColor: return tr("Change colour");
-    case CardPart::Daily3: return tr("Add to daily three");
-    case CardPart::TearOff: return tr("Tear off");
+    case CardPart::Circle:
+      return tr("Crush note");
+    case CardPart::Edit:
+      return tr("Edit");
+    case CardPart::ChangeColor:
+      return tr("Change colour");
+    case CardPart::Daily3:
+      return tr("Add to daily three");
+    case CardPart::TearOff:
+      return tr("Tear off");
     case CardPart::None:
     case CardPart::Paper:
-    case CardPart::Box: break;
+    case CardPart::Box:
+      break;
   }
   return {};
 }

@@ -29,13 +29,16 @@ UndoKeyView::UndoKeyView(QWidget* parent) : QWidget(parent) {
 }
 
 bool UndoKeyView::event(QEvent* event) {
-  if (!m_monitor && (event->type() == QEvent::Polish || event->type() == QEvent::ParentChange || event->type() == QEvent::Show)) {
+  if (!m_monitor &&
+      (event->type() == QEvent::Polish || event->type() == QEvent::ParentChange || event->type() == QEvent::Show)) {
     m_monitor = new UndoKeyMonitor(this);
   }
   return QWidget::event(event);
 }
 
-UndoKeyMonitor::UndoKeyMonitor(UndoKeyView* view) : QObject(view), m_view(view) { qApp->installEventFilter(this); }
+UndoKeyMonitor::UndoKeyMonitor(UndoKeyView* view) : QObject(view), m_view(view) {
+  qApp->installEventFilter(this);
+}
 
 bool UndoKeyMonitor::eventFilter(QObject* watched, QEvent* event) {
   // A key reaches widgets only after an offer as a shortcut; taken there, no field and no menu sees it first.

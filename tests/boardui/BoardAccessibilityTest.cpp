@@ -73,7 +73,8 @@ TEST_F(BoardAccessibility, offersACardsControlsByName) {
   auto* item = list()->child(0);
   QStringList names;
   for (int i = 0; i < item->childCount(); ++i) names << item->child(i)->text(QAccessible::Name);
-  EXPECT_EQ(names, (QStringList{u"Crush note"_s, u"Edit"_s, u"Change colour"_s, u"Add to daily three"_s, u"Tear off"_s}));
+  EXPECT_EQ(names,
+            (QStringList{u"Crush note"_s, u"Edit"_s, u"Change colour"_s, u"Add to daily three"_s, u"Tear off"_s}));
   item->child(2)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   EXPECT_EQ(task->colorHex(), u"#FF7597"_s);
   item->child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
@@ -111,7 +112,9 @@ TEST_F(BoardAccessibility, listsTheChoicesOfARow) {
   const Row rows[] = {
       {find<BoardTabs>(), QAccessible::PageTab, {u"All"_s, u"Focus"_s, u"General"_s}},
       {find<DisplayModeSegment>(), QAccessible::RadioButton, {u"Always on Top"_s, u"Desktop"_s, u"Ghost"_s}},
-      {find<TagRow>(), QAccessible::RadioButton, {u"No tag"_s, u"Red"_s, u"Orange"_s, u"Yellow"_s, u"Green"_s, u"Blue"_s, u"Pink"_s}},
+      {find<TagRow>(),
+       QAccessible::RadioButton,
+       {u"No tag"_s, u"Red"_s, u"Orange"_s, u"Yellow"_s, u"Green"_s, u"Blue"_s, u"Pink"_s}},
   };
   for (const auto& [row, role, names] : rows) {
     auto* group = QAccessible::queryAccessibleInterface(&row);

@@ -67,7 +67,9 @@ class BoardHarness : public testing::Test {
   /// The button that assistive technology calls by this name, among those that are shown.
   [[nodiscard]] QAbstractButton* button(const QString& name) {
     for (auto* found : open().findChildren<QAbstractButton*>()) {
-      if (found->isVisible() && (found->accessibleName() == name || (found->accessibleName().isEmpty() && found->text() == name))) return found;
+      if (found->isVisible() &&
+          (found->accessibleName() == name || (found->accessibleName().isEmpty() && found->text() == name)))
+        return found;
     }
     return nullptr;
   }

@@ -80,7 +80,8 @@ class BoardPictures : public BoardHarness {
       r.boardRaw = u"Work"_s;
       r.tagRaw = u"pink"_s;
     });
-    note(u"Collect everything for the trip: charts, the blue rope, spare batteries, two flares and the old lamp"_s, u"#4CC9F0"_s);
+    note(u"Collect everything for the trip: charts, the blue rope, spare batteries, two flares and the old lamp"_s,
+         u"#4CC9F0"_s);
     desk.time.setLocal(u"2026-11-13T21:55:00"_s);
   }
 };
@@ -156,18 +157,20 @@ TEST_F(BoardPictures, composerAndEditor) {
   key(Qt::Key_Return);
   type(u"Form, both pages"_s);
   QTest::mouseClick(button(u"Checklist"_s), Qt::LeftButton);
-  form().setDraft([&] {
-    auto draft = form().draft();
-    draft.colorHex = u"#4CC9F0"_s;
-    draft.paperTheme = PaperTheme::graph;
-    draft.stamp = TaskStamp::priority;
-    draft.dueDate = desk.at(u"2026-11-15T09:00:00"_s);
-    draft.recurrenceRaw = u"weekly"_s;
-    draft.board = u"Work"_s;
-    draft.isPinnedToApp = true;
-    draft.isPrivate = true;
-    return draft;
-  }(), desk.time.now(), u"org.term"_s);
+  form().setDraft(
+      [&] {
+        auto draft = form().draft();
+        draft.colorHex = u"#4CC9F0"_s;
+        draft.paperTheme = PaperTheme::graph;
+        draft.stamp = TaskStamp::priority;
+        draft.dueDate = desk.at(u"2026-11-15T09:00:00"_s);
+        draft.recurrenceRaw = u"weekly"_s;
+        draft.board = u"Work"_s;
+        draft.isPinnedToApp = true;
+        draft.isPrivate = true;
+        return draft;
+      }(),
+      desk.time.now(), u"org.term"_s);
   pictures(u"composer-filled"_s);
   open().showList();
   open().showEditor(wall().notes()[3]);
@@ -178,7 +181,8 @@ TEST_F(BoardPictures, composerAndEditor) {
   QTest::mouseClick(&form().stampChip(), Qt::LeftButton, {}, QPoint(20, 18));
   if (auto* menu = QApplication::activePopupWidget()) {
     QTest::keyClick(menu, Qt::Key_Up);
-    if (const auto folder = qEnvironmentVariable("TARNWICK_PICTURES"); !folder.isEmpty()) menu->grab().save(folder + u"/menu-stamp.png"_s);
+    if (const auto folder = qEnvironmentVariable("TARNWICK_PICTURES"); !folder.isEmpty())
+      menu->grab().save(folder + u"/menu-stamp.png"_s);
     menu->close();
   } else {
     ADD_FAILURE() << "the stamp menu did not open";
@@ -188,10 +192,11 @@ TEST_F(BoardPictures, composerAndEditor) {
 TEST_F(BoardPictures, ashes) {
   open().showAshes();
   pictures(u"ashes-empty"_s);
-  const std::pair<QString, QString> notes[] = {{u"Sort the photos from the coast walk"_s, u"#FFE169"_s},
-                                               {u"Ring the library about the atlas and the two maps that came with it"_s, u"#4CC9F0"_s},
-                                               {u"Sharpen the plane"_s, u"#FF7597"_s},
-                                               {u"Empty the shoebox"_s, u"#06D6A0"_s}};
+  const std::pair<QString, QString> notes[] = {
+      {u"Sort the photos from the coast walk"_s, u"#FFE169"_s},
+      {u"Ring the library about the atlas and the two maps that came with it"_s, u"#4CC9F0"_s},
+      {u"Sharpen the plane"_s, u"#FF7597"_s},
+      {u"Empty the shoebox"_s, u"#06D6A0"_s}};
   for (const auto& [text, color] : notes) {
     note(text, color, [&](auto& r) {
       r.isBurned = true;

@@ -205,8 +205,9 @@ TEST_F(Composer, walksTheKeyboardRoundInOrder) {
     if (form().text().hasFocus()) break;
     names << QApplication::focusWidget()->accessibleName();
   }
-  EXPECT_EQ(names.join(u"|"_s),
-            u"Checklist|Paper colour|Paper theme|Due Date|Repeat: Does not repeat|Stamp: No Stamp|Board: General|Pin to an app|Private||Cancel"_s);
+  EXPECT_EQ(
+      names.join(u"|"_s),
+      u"Checklist|Paper colour|Paper theme|Due Date|Repeat: Does not repeat|Stamp: No Stamp|Board: General|Pin to an app|Private||Cancel"_s);
 }
 
 TEST_F(Composer, editingWritesBackAndTells) {

@@ -23,7 +23,9 @@ class Wall : public BoardHarness {
     }
     return notes;  // as they hang: the newest first
   }
-  void press(const TaskPtr& task, const QPointF& at) { QTest::mouseClick(&wall(), Qt::LeftButton, {}, pointOn(task, at)); }
+  void press(const TaskPtr& task, const QPointF& at) {
+    QTest::mouseClick(&wall(), Qt::LeftButton, {}, pointOn(task, at));
+  }
 };
 
 }  // namespace
@@ -191,7 +193,8 @@ TEST_F(Wall, aTapOnABoxTicksIt) {
 TEST_F(Wall, theMenuOfACardSetsItsTag) {
   const auto notes = addNotes(1);
   open();
-  QContextMenuEvent asks(QContextMenuEvent::Mouse, pointOn(notes[0], kPaper), wall().mapToGlobal(pointOn(notes[0], kPaper)));
+  QContextMenuEvent asks(QContextMenuEvent::Mouse, pointOn(notes[0], kPaper),
+                         wall().mapToGlobal(pointOn(notes[0], kPaper)));
   QApplication::sendEvent(&wall(), &asks);
   auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
   ASSERT_TRUE(menu);
@@ -226,7 +229,8 @@ TEST_F(Wall, turnsWithTheWheelAndStopsAtItsEnds) {
   addNotes(12);
   open();
   const auto turn = [&](int steps) {
-    QWheelEvent event(QPointF(100, 100), wall().mapToGlobal(QPointF(100, 100)), {}, {0, 120 * steps}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QWheelEvent event(QPointF(100, 100), wall().mapToGlobal(QPointF(100, 100)), {}, {0, 120 * steps}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
     QApplication::sendEvent(&wall(), &event);
   };
   turn(3);

@@ -125,7 +125,8 @@ TEST(CardPicture, showsAnOverdueDateOnAFilledPlate) {
     face.colorHex = u"#FFE169"_s;
     face.due = CardParts::DueLabel{u"Nov 12"_s, isOverdue, false};
     const QImage image = face.pixmap(PaperLift::Rest, 1).toImage();
-    return image.pixelColor(static_cast<int>(CardFace::kMargin) + 14, static_cast<int>(CardFace::kMargin + CardFace::kHeight) - 12);
+    return image.pixelColor(static_cast<int>(CardFace::kMargin) + 14,
+                            static_cast<int>(CardFace::kMargin + CardFace::kHeight) - 12);
   };
   EXPECT_EQ(plateOf(true).name(), u"#a3171e"_s);
   EXPECT_GT(plateOf(false).lightness(), 180);

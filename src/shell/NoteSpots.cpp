@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/NoteSpots.h"
 
-#include "effects/Controls.h"
+#include "effects/Tokens.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -9,6 +9,22 @@
 #include <QWheelEvent>
 
 namespace tarnwick {
+
+namespace {
+
+void paintRing(QWidget& spot, double inset, double radius, const QColor& ink) {
+  QPainter painter(&spot);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(tokens::faded(ink, .85), 2));
+  painter.drawRoundedRect(QRectF(spot.rect()).adjusted(inset, inset, -inset, -inset), radius, radius);
+}
+
+}  // namespace
+
+bool isByKeyboard(const QFocusEvent& event) {
+  return event.gotFocus() && (event.reason() == Qt::TabFocusReason || event.reason() == Qt::BacktabFocusReason ||
+                              event.reason() == Qt::ShortcutFocusReason);
+}
 
 NoteSpot::NoteSpot(const QString& accessibleName, double ringRadius, QWidget* parent)
     : QAbstractButton(parent), m_ringRadius(ringRadius) {
@@ -31,6 +47,7 @@ bool NoteSpot::event(QEvent* event) {
     case QEvent::Leave:
     case QEvent::FocusIn:
     case QEvent::FocusOut:
+      if (event->type() == QEvent::FocusIn) m_isRinged = isByKeyboard(*static_cast<QFocusEvent*>(event));
       if (onLookChanged) onLookChanged();
       break;
     default:
@@ -48,10 +65,7 @@ void NoteSpot::keyPressEvent(QKeyEvent* event) {
 }
 
 void NoteSpot::paintEvent(QPaintEvent*) {
-  if (!hasFocus()) return;
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  paintFocusRing(painter, QRectF(rect()).adjusted(3, 3, -3, -3), m_ringRadius);
+  if (isRinged()) paintRing(*this, 2, m_ringRadius, m_ink);
 }
 
 NoteTextSpot::NoteTextSpot(QWidget* parent) : QWidget(parent) {
@@ -61,6 +75,7 @@ NoteTextSpot::NoteTextSpot(QWidget* parent) : QWidget(parent) {
 
 bool NoteTextSpot::event(QEvent* event) {
   if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+    m_isRinged = isByKeyboard(*static_cast<QFocusEvent*>(event));
     Q_EMIT focusChanged();
     update();
   }
@@ -85,6 +100,8 @@ void NoteTextSpot::wheelEvent(QWheelEvent* event) {
 }
 
 void NoteTextSpot::keyPressEvent(QKeyEvent* event) {
+  m_isRinged = true;
+  update();
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter: Q_EMIT keyboardEditRequested(); break;
@@ -98,10 +115,7 @@ void NoteTextSpot::keyPressEvent(QKeyEvent* event) {
 }
 
 void NoteTextSpot::paintEvent(QPaintEvent*) {
-  if (!hasFocus()) return;
-  QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  paintFocusRing(painter, QRectF(rect()).adjusted(4, 4, -4, -4), 4);
+  if (m_isRinged) paintRing(*this, 2, 4, m_ink);
 }
 
 }  // namespace tarnwick

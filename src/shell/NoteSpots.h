@@ -4,10 +4,15 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QColor>
+#include <QFocusEvent>
 
 #include <functional>
 
 namespace tarnwick {
+
+/// Whether the keyboard came by the keyboard: only then a ring shows where it is.
+[[nodiscard]] bool isByKeyboard(const QFocusEvent& event);
 
 class NoteSpot final : public QAbstractButton {
   Q_OBJECT
@@ -16,6 +21,9 @@ class NoteSpot final : public QAbstractButton {
   NoteSpot(const QString& accessibleName, double ringRadius, QWidget* parent);
   /// Asks to repaint what the spot stands for.
   std::function<void()> onLookChanged;
+  /// The ring is drawn in the note's ink, which every paper carries.
+  void setInk(const QColor& ink) { m_ink = ink; }
+  [[nodiscard]] bool isRinged() const { return m_isRinged && hasFocus(); }
 
  protected:
   bool event(QEvent* event) override;
@@ -24,6 +32,8 @@ class NoteSpot final : public QAbstractButton {
 
  private:
   double m_ringRadius;
+  QColor m_ink;
+  bool m_isRinged = false;
 };
 
 /// The note's words: clicks reach its boxes, the wheel scrolls it, Return edits, the arrows and Space walk and tick.
@@ -32,6 +42,7 @@ class NoteTextSpot final : public QWidget {
 
  public:
   explicit NoteTextSpot(QWidget* parent);
+  void setInk(const QColor& ink) { m_ink = ink; }
 
  Q_SIGNALS:
   void clicked(const QPointF& point);
@@ -50,6 +61,10 @@ class NoteTextSpot final : public QWidget {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QColor m_ink;
+  bool m_isRinged = false;
 };
 
 }  // namespace tarnwick

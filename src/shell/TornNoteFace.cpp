@@ -12,6 +12,7 @@
 #include <QPixmapCache>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tarnwick {
 
@@ -184,7 +185,12 @@ void TornNoteFace::paintText(QPainter& painter, const StickyChecklistBody& body,
   const auto area = textRect();
   const double hidden = std::max(0.0, body.height() - area.height());
   painter.save();
-  if (hidden > 0) painter.setClipRect(area.adjusted(-2, 0, 2, 0), Qt::IntersectClip);
+  if (hidden > 0) {
+    // Whole lines only: a cut one is hard to read and looks broken.
+    const double line = tokens::lineHeight(tokens::Type::NoteText);
+    const double seen = std::max(line, std::floor(area.height() / line) * line);
+    painter.setClipRect(QRectF(area.left() - 2, area.top(), area.width() + 4, seen), Qt::IntersectClip);
+  }
   body.paint(painter, area.topLeft() - QPointF(0, scroll));
   painter.restore();
   if (hidden <= 0) return;

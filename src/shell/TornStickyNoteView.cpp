@@ -158,6 +158,9 @@ void TornStickyNoteView::layOut() {
   m_circle->setVisible(showsNote);
   for (auto* tool : m_tools) tool->setVisible(showsNote);
   if (isTab) return;
+  m_textSpot->setInk(m_face.ink());
+  m_circle->setInk(m_face.ink());
+  for (auto* tool : m_tools) tool->setInk(Qt::white);  // the bar is ink itself
   m_editPlate->setGeometry(m_face.paperRect().toAlignedRect());
   m_textSpot->setGeometry(m_face.textRect().adjusted(-6, -6, 6, 6).toAlignedRect());
   m_circle->setGeometry(m_face.circleHitRect().toAlignedRect());
@@ -323,7 +326,7 @@ void TornStickyNoteView::hoverChanged() {
 
 bool TornStickyNoteView::isBarWanted() const {
   if (m_hover.isTucked() || m_isEditing || m_crush.isCrushing()) return false;
-  const bool hasKeyboard = std::ranges::any_of(m_tools, [](const NoteSpot* tool) { return tool->hasFocus(); });
+  const bool hasKeyboard = std::ranges::any_of(m_tools, [](const NoteSpot* tool) { return tool->isRinged(); });
   return (m_hover.isHovered() && m_isBarDue) || hasKeyboard;
 }
 
@@ -402,7 +405,7 @@ void TornStickyNoteView::paintNote(QPainter& painter) {
     auto state = CircleState::Rest;
     if (m_circle->isDown() || m_crush.isCrushing()) {
       state = CircleState::Pressed;
-    } else if (m_circle->underMouse() || m_circle->hasFocus()) {
+    } else if (m_circle->underMouse() || m_circle->isRinged()) {
       state = CircleState::Hover;
     }
     CardParts::paintCrushCircle(painter, m_face.circleCenter(), TornNoteFace::kCircleDiameter, m_face.ink(), state);
@@ -421,7 +424,7 @@ void TornStickyNoteView::paintBar(QPainter& painter, double opacity) {
   int hot = -1;
   for (int i = 0; i < ToolCount; ++i) {
     const auto* tool = m_tools[static_cast<size_t>(i)];
-    if (tool->underMouse() || tool->hasFocus()) hot = i;
+    if (tool->underMouse() || tool->isRinged()) hot = i;
   }
   painter.save();
   painter.setOpacity(opacity);

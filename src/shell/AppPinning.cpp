@@ -66,6 +66,11 @@ void AppPinning::left(const RunningApplication& application, bool isTerminated) 
   });
 }
 
+void AppPinning::dockIfInFront() {
+  const auto front = m_services.workspace.frontmost();
+  if (!m_pinnedBundleID.isEmpty() && front && front->bundleID == m_pinnedBundleID) dock(*front);
+}
+
 void AppPinning::dock(const RunningApplication& application) {
   // A leave that is still being waited for is over: the application is back.
   m_leaveCheck.cancel();

@@ -28,6 +28,9 @@ class AppPinning final {
 
   /// Observes the applications from here on.
   void start(const QString& pinnedBundleID);
+  /// Docks at once if the application is in front already: a note that comes without taking the keyboard causes no
+  /// change of the front application that would tell.
+  void dockIfInFront();
   void dock(const RunningApplication& application);
   void undock();
   [[nodiscard]] bool isDocked() const { return m_isDocked; }

@@ -67,6 +67,7 @@ void FloatingPanel::tearOffTask(const TaskPtr& task, const std::optional<Desktop
   panel->setHome(placeForTornNote(id, near, panel->frame().size()));
   panel->orderFront();
   panel->makeKey();
+  panel->dockIfWanted();
   m_tornPanels.emplace(id, std::move(panel));
   task->set(&TaskRecord::isTornOff, true);
   (void)m_services.container.mainContext().save();

@@ -248,6 +248,8 @@ void TornNotePanel::refreshVisibility() {
   m_replace = m_services.scheduler.after(kReplaceDelay, [this] { applyGeometry(); });
 }
 
+void TornNotePanel::dockIfWanted() { m_appPinning->dockIfInFront(); }
+
 void TornNotePanel::makeKey() {
   // The keyboard goes to the note when it is in this program's hands; it is not taken from another one.
   const auto front = m_services.workspace.frontmost();

@@ -72,6 +72,8 @@ class TornNotePanel final : public QWidget, public PinnedWindow {
   [[nodiscard]] bool isOrderedIn() const override { return m_isOrderedIn; }
   void didDock() override;
   void setFrame(const DesktopRect& frame);
+  /// To its application's window, if that is in front.
+  void dockIfWanted();
   /// Gives it the keyboard.
   void makeKey();
 

@@ -29,6 +29,14 @@ TEST_F(AppPinned, showsOnlyWhileItsApplicationIsInFront) {
   EXPECT_EQ(otherWindows.followerCount(kEditor.pid), 1);
 }
 
+TEST_F(AppPinned, docksAtOnceWhenItIsTornOffInFrontOfItsApplication) {
+  workspace.front = kEditor;
+  auto& note = torn(pinnedNote(kEditor));
+  EXPECT_TRUE(note.isDocked());
+  EXPECT_EQ(note.frame(), (DesktopRect{672, 590, 210, 46}));
+  EXPECT_FALSE(torn(pinnedNote(kBrowser)).isDocked());
+}
+
 TEST_F(AppPinned, aClickOnTheNoteItselfNeitherHidesNorUndocksIt) {
   auto& note = torn(pinnedNote(kEditor));
   workspace.activate(kEditor);

@@ -222,7 +222,7 @@ void AppDelegate::makeParts() {
       *parts.panel, StatusBarController::Services{m_ports.screens, m_ports.scheduler, parts.prefs},
       StatusBarController::Actions{[this] { showAddTask(); }, [this] { showSettings(); },
                                    [this] { Q_EMIT quitRequested(); }});
-  parts.panel->setAnchorSource([this] { return m_parts->statusBar->anchor(); });
+  connect(parts.panel.get(), &FloatingPanel::presented, parts.board, &ContentView::takeFocus);
   parts.hotkey = std::make_unique<HotkeyManager>(m_ports.hotKeys, parts.defaults, [this] { toggleBoard(); });
   parts.wakeResurface = std::make_unique<WakeResurfaceController>(
       m_ports.power, m_ports.scheduler, parts.defaults, [this] { m_parts->panel->resurfaceTornNotes(); });

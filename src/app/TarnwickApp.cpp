@@ -91,14 +91,16 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
 
   LinuxPorts ports;
   AppDelegate delegate(portsOf(ports), {persistentStorePath(), settingsPath()});
-  QObject::connect(&delegate, &AppDelegate::quitRequested, &application, &QCoreApplication::quit, Qt::QueuedConnection);
+  // Not quit(): that asks every window first, and the board and the notes never close, they only hide.
+  const auto end = [] { QCoreApplication::exit(0); };
+  QObject::connect(&delegate, &AppDelegate::quitRequested, &application, end, Qt::QueuedConnection);
 
   InstanceHandlers handlers;
   handlers.storePath = persistentStorePath();
   handlers.command = [&delegate](const CommandCall& call) { return delegate.runCommand(call); };
   handlers.reopen = [&delegate] { delegate.applicationShouldHandleReopen(); };
   handlers.action = [&delegate](const QString& action) { delegate.runAction(action); };
-  handlers.sessionEnds = [] { QCoreApplication::quit(); };
+  handlers.sessionEnds = end;
   if (ports.instance().acquire(std::move(handlers)) == InstanceRole::Second) {
     // Another one was quicker. A start by hand is the reopen event for it.
     if (words.isEmpty()) return ports.instance().forward({}).exitStatus;

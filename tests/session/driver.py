@@ -51,7 +51,7 @@ class Tarnwick:
 
     # -- life
     def start(self, *words, env=None):
-        log = open(pathlib.Path(os.environ.get("SESSION_DIR", "/tmp")) / "tarnwick.log", "ab")
+        log = open(pathlib.Path(os.environ.get("DESKTOP_DIR", "/tmp")) / "tarnwick.log", "ab")
         self.process = subprocess.Popen([self.command, *words], stdout=log, stderr=log,
                                         env={**os.environ, **(env or {})})
         wait(lambda: self.run("status").returncode == 0, "Tarnwick answers")
@@ -111,9 +111,10 @@ class Tarnwick:
             except (AttributeError, GLib.Error):
                 pass
             try:
-                matches = (name is None or re.search(name, node.get_name() or "")) and \
-                          (role is None or node.get_role_name() == role)
-                if matches and node.get_state_set().contains(Atspi.StateType.SHOWING):
+                if depth > 0 and not node.get_state_set().contains(Atspi.StateType.SHOWING):
+                    return
+                if (name is None or re.search(name, node.get_name() or "")) and \
+                        (role is None or node.get_role_name() == role):
                     found.append(node)
                 for index in range(min(node.get_child_count(), 400)):
                     walk(node.get_child_at_index(index), depth + 1)
@@ -141,11 +142,18 @@ class Tarnwick:
         x, y, width, height = wait(lambda: self._stable(self.element(name, role)), f"{name!r} holds still")
         self.click(x + width / 2, y + height / 2, button)
 
+    def hover(self, x, y):
+        """Rests the pointer until the tools of a note have faded in, a quarter of a second after it came."""
+        xdo("mousemove", int(x), int(y))
+        time.sleep(0.6)
+
     def _stable(self, element):
         first = self.frame(element)
         time.sleep(0.08)
         second = self.frame(element)
-        return second if first == second and second[2] > 0 else None
+        across, down = map(int, xdo("getdisplaygeometry").split())
+        is_on_screen = 0 <= second[0] < across and 0 <= second[1] < down  # the board is beside it while it drops
+        return second if first == second and second[2] > 0 and is_on_screen else None
 
     @staticmethod
     def drag(start, end, steps=12):

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 """The main job from end to end, by pointer and keys: stick, tear off, move, edit, put back, crush, undo, restart."""
-from driver import Failure, wait, xdo
+from driver import Failure, wait
 
 
 def expect(condition, what):
@@ -46,7 +46,7 @@ def play(tarnwick, say=lambda text: None):
     say(f"dragged to {moved[:2]}")
 
     # edit it in place
-    xdo("mousemove", int(moved[0] + moved[2] / 2), int(moved[1] + moved[3] / 2))
+    tarnwick.hover(moved[0] + moved[2] / 2, moved[1] + moved[3] / 2)
     tarnwick.click_element("^Edit$")
     tarnwick.element("^Save$")
     tarnwick.key("ctrl+End")
@@ -57,7 +57,7 @@ def play(tarnwick, say=lambda text: None):
     say("edited in place")
 
     # put it back, and tear it off again
-    xdo("mousemove", int(moved[0] + moved[2] / 2 + 5), int(moved[1] + moved[3] / 2))
+    tarnwick.hover(moved[0] + moved[2] / 2 + 5, moved[1] + moved[3] / 2)
     tarnwick.click_element("^Put back on board$")
     wait(lambda: not tarnwick.window(note["id"]), "the window goes")
     expect(not tarnwick.note("baker").get("isTornOff"), "the note is on the board again")
@@ -67,7 +67,7 @@ def play(tarnwick, say=lambda text: None):
 
     # crush it, undo on the board
     frame = tarnwick.window(note["id"])["frame"]
-    xdo("mousemove", int(frame[0] + frame[2] / 2), int(frame[1] + frame[3] / 2))
+    tarnwick.hover(frame[0] + frame[2] / 2, frame[1] + frame[3] / 2)
     tarnwick.click_element("^Crush note$")
     wait(lambda: tarnwick.note("baker")["isCompleted"], "the note is crushed")
     wait(lambda: not tarnwick.window(note["id"]), "its window is gone")

@@ -65,7 +65,7 @@ def on_the_store(mode):
     check(tarnwick.note("standard input")["text"] == "from\nstandard input", "standard input is stored trimmed")
     exported = json.loads(expect(["export"], 0))
     check(exported["tarnwick"] == 1 and exported["tasks"] and "clipboardItems" in exported, "the export has its parts")
-    folder = pathlib.Path(os.environ["SESSION_DIR"])
+    folder = pathlib.Path(os.environ["DESKTOP_DIR"])
     (folder / "notes.json").write_text(json.dumps(exported), encoding="utf-8")
     count = len(exported["tasks"])
     expect(["import", str(folder / "notes.json")], 0, f"imported 0, skipped {count}")

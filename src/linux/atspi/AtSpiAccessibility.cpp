@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "linux/atspi/AtSpiAccessibility.h"
 
-#include "linux/atspi/DocumentPath.h"
 #include "linux/x11/NativeSpace.h"
 
 namespace tarnwick {
@@ -107,9 +106,7 @@ std::optional<ElementFacts> AtSpiAccessibility::windowFacts(xcb_window_t window)
   facts.title = m_clients.titleOf(window);
   facts.role = QStringLiteral("AXWindow");
   facts.frame = desktopFromNative(*frame);
-  if (const auto pid = m_clients.pidOf(window); pid > 0) {
-    facts.document = documentFromClues(cluesOfProcess(pid, facts.title), pathKindOnDisk);
-  }
+  // Windows publish no document; what a title says of one is for those who know editors.
   return facts;
 }
 

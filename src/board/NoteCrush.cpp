@@ -6,6 +6,7 @@
 #include "board/TornNotes.h"
 #include "effects/CrushFlight.h"
 #include "effects/SoundEngine.h"
+#include "model/AppNotesPrefs.h"
 #include "model/Color.h"
 #include "model/NotificationCenter.h"
 #include "model/SettingsKeys.h"
@@ -27,7 +28,11 @@ constexpr std::chrono::milliseconds kShredTime{1000};
 constexpr std::chrono::milliseconds kReducedMotionTime{150};
 const QString kShred = QStringLiteral("shred");
 
-QImage pictureOf(const std::function<QImage()>& picture) { return picture ? picture() : QImage(); }
+/// What may be read in flight: the overlay is part of every screen cast, so what casts leave out flies as plain paper.
+QImage pictureOf(const BoardServices& services, const Task& task, const std::function<QImage()>& picture) {
+  const bool isHidden = task.isPrivate() || AppNotesPrefs(services.defaults, services.center).hideFromCapture();
+  return picture && !isHidden ? picture() : QImage();
+}
 
 TornNotes& tornNotes(const BoardServices& services) {
   TornNotes* const torn = services.torn ? services.torn() : nullptr;
@@ -95,7 +100,7 @@ void NoteCrush::beginCard(const Card& card) {
   const auto previousDueDate = m_task->dueDate();
   const bool wasTornOff = m_task->isTornOff();
   const DesktopRect from = card.screenFrame();
-  const QImage picture = pictureOf(card.picture);
+  const QImage picture = pictureOf(m_services, *m_task, card.picture);
   if (wasTornOff) tornNotes(m_services).closePanel(m_task->id());
   fly(from, picture, [this, wasTornOff, previousDueDate] { finishCard(wasTornOff, previousDueDate); });
 }
@@ -108,7 +113,7 @@ void NoteCrush::beginTorn(const TornNote& torn) {
         m_services.scheduler.after(isMotionReduced ? kReducedMotionTime : kShredTime, ifStillWanted(landed));
     return;
   }
-  const QImage picture = pictureOf(torn.picture);  // before the window turns transparent
+  const QImage picture = pictureOf(m_services, *m_task, torn.picture);  // before the window turns transparent
   auto from = torn.takeWindow();
   if (!from) {
     const DesktopPoint pointer = torn.pointer();

@@ -2,6 +2,7 @@
 #include "board/NoteCrush.h"
 
 #include "board/DeskDuties.h"
+#include "model/AppNotesPrefs.h"
 #include "support/Desk.h"
 
 #include <QSignalSpy>
@@ -62,6 +63,35 @@ TEST_F(Crush, ofACardSoundsAtOnceAndWritesWhenThePaperLands) {
   EXPECT_EQ(desk.stored(task->id()), task->record());
   EXPECT_EQ(told.size(), 1);
   EXPECT_FALSE(crush->isCrushing());
+}
+
+TEST_F(Crush, fliesAPlainSheetWhereCapturesMustNotReadTheNote) {
+  const auto readable = [] {
+    QImage picture(4, 4, QImage::Format_ARGB32);
+    picture.fill(Qt::yellow);
+    return picture;
+  };
+  struct Row {
+    const char* what;
+    bool isPrivate;
+    bool isHiddenFromSharing;
+    bool isPictured;
+  };
+  for (const auto& row : {Row{"an open note", false, false, true}, Row{"a private note", true, false, false},
+                          Row{"every note is hidden", false, true, false}}) {
+    AppNotesPrefs(desk.defaults, desk.center).setHideFromCapture(row.isHiddenFromSharing);
+    const auto task = oneOff([&](auto& r) {
+      if (row.isPrivate) r.isPrivate = true;
+    });
+    NoteCrush fromCard(desk.services, task, NoteCrush::Card{[] { return kCardFrame; }, readable});
+    fromCard.begin();
+    NoteCrush fromWindow(desk.services, task,
+                         NoteCrush::TornNote{[this] { return window; }, [] { return DesktopPoint{}; }, readable, {}});
+    fromWindow.begin();
+    ASSERT_EQ(desk.flight.plays.size(), 2u);
+    for (const auto& play : desk.flight.plays) EXPECT_EQ(!play.picture.isNull(), row.isPictured) << row.what;
+    desk.flight.plays.clear();
+  }
 }
 
 TEST_F(Crush, ofACardClosesTheNotesWindowBeforeTheFlight) {

@@ -18,19 +18,20 @@ class FakeCrushFlight final : public CrushFlight {
   struct Play {
     DesktopRect from;
     QColor paper;
+    QImage picture;
     Motion motion;
     std::function<void()> completion;
   };
   std::vector<Play> plays;
   bool landsAtOnce = false;
 
-  void play(const DesktopRect& from, const QColor& paper, const QImage&, Motion motion,
+  void play(const DesktopRect& from, const QColor& paper, const QImage& picture, Motion motion,
             std::function<void()> completion) override {
     if (landsAtOnce) {
       completion();
       return;
     }
-    plays.push_back({from, paper, motion, std::move(completion)});
+    plays.push_back({from, paper, picture, motion, std::move(completion)});
   }
   /// The oldest flight reaches the Trash.
   void land() {

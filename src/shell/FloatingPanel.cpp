@@ -137,19 +137,30 @@ QPointF FloatingPanel::pivotFor(const DesktopRect& anchor) const {
 }
 
 QPointF FloatingPanel::anchorToStatusItem() {
-  const auto screens = m_services.screens.all();
   const auto anchor = m_anchorSource ? m_anchorSource() : std::nullopt;
-  if (anchor && !screens.empty()) {
-    const auto visible = m_services.screens.screenAt(anchor->center()).visibleFrame;
-    const auto origin = placement::boardUnderAnchor(*anchor, visible, m_frame.size());
-    setFrame({origin.x, origin.y, m_frame.width, m_frame.height});
-    return pivotFor(*anchor);
-  }
-  if (!isVisible() && !screens.empty()) {
-    const auto origin = placement::boardWithoutAnchor(screens.front().visibleFrame, m_frame.size());
-    setFrame({origin.x, origin.y, m_frame.width, m_frame.height});
+  const auto wanted = frameByRule(anchor);
+  // Without an anchor a board that is seen keeps its place.
+  if (wanted && (anchor || !isVisible())) {
+    setFrame(*wanted);
+    m_isPlaced = true;
+    if (anchor) return pivotFor(*anchor);
   }
   return {rim() + kSide / 2.0, double(rim())};
+}
+
+std::optional<DesktopRect> FloatingPanel::frameByRule(const std::optional<DesktopRect>& anchor) const {
+  const auto screens = m_services.screens.all();
+  if (screens.empty()) return std::nullopt;
+  const auto origin =
+      anchor ? placement::boardUnderAnchor(*anchor, m_services.screens.screenAt(anchor->center()).visibleFrame,
+                                           m_frame.size())
+             : placement::boardWithoutAnchor(screens.front().visibleFrame, m_frame.size());
+  return DesktopRect{origin.x, origin.y, m_frame.width, m_frame.height};
+}
+
+DesktopRect FloatingPanel::boardFrame() const {
+  if (m_isPlaced) return m_frame;
+  return frameByRule(m_anchorSource ? m_anchorSource() : std::nullopt).value_or(m_frame);
 }
 
 QPointF FloatingPanel::tuckPivot() const {

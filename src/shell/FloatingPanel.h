@@ -80,7 +80,7 @@ class FloatingPanel final : public QWidget, public TornNotes {
   void closePanel(const QUuid& id) override;
   void redockTask(const TaskPtr& task) override;
   [[nodiscard]] bool isOpen(const QUuid& id) const override;
-  [[nodiscard]] DesktopRect boardFrame() const override { return m_frame; }
+  [[nodiscard]] DesktopRect boardFrame() const override;
   void hideBoard() override { orderOut(); }
 
  Q_SIGNALS:
@@ -95,6 +95,8 @@ class FloatingPanel final : public QWidget, public TornNotes {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  /// Where the panel hangs by its rule: under the anchor, else at the top right; nothing without a screen.
+  [[nodiscard]] std::optional<DesktopRect> frameByRule(const std::optional<DesktopRect>& anchor) const;
   /// Places the panel at its anchor; returns the pivot of the motion, in the panel's own top-left coordinates.
   QPointF anchorToStatusItem();
   [[nodiscard]] QPointF tuckPivot() const;
@@ -127,6 +129,7 @@ class FloatingPanel final : public QWidget, public TornNotes {
   QWidget* m_content;
   AnchorSource m_anchorSource;
   DesktopRect m_frame{0, 0, kSide, kSide};  // inner panel, as wanted; the window system may lag behind
+  bool m_isPlaced = false;                  // it was presented once
   DesktopSpace m_space;
   GhostController m_ghost;
   std::unique_ptr<CaptureVeil> m_veil;

@@ -164,6 +164,14 @@ TEST_F(BoardPanel, goesToTheTopRightWithoutAnAnchorAndStaysWhereItIsWhileVisible
   EXPECT_EQ(board().boardFrame(), there);
 }
 
+TEST_F(BoardPanel, hasItsPlaceBeforeItWasEverSeen) {
+  EXPECT_EQ(board().boardFrame(), (DesktopRect{456, 374, 390, 390}));
+  anchor.reset();
+  EXPECT_EQ(board().boardFrame(), (DesktopRect{862, 352, 390, 390}));
+  screens.screens.clear();
+  EXPECT_EQ(board().boardFrame().size(), (DesktopSize{390, 390}));
+}
+
 TEST_F(BoardPanel, usesTheScreenOfItsAnchor) {
   screens.screens.push_back({QStringLiteral("right"), {1280, -200, 1000, 900}, {1280, -200, 1000, 860}, 1});
   anchor = DesktopRect{2200, 664, 22, 22};

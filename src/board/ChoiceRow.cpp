@@ -33,6 +33,7 @@ class ChoiceItem final : public QAccessibleInterface, public QAccessibleActionIn
   [[nodiscard]] QAccessible::State state() const override {
     QAccessible::State state;
     state.invalid = !isValid();
+    state.invisible = !isValid() || !m_row->isVisible();
     if (!isValid()) return state;
     const bool isCurrent = m_row->current() == m_index;
     state.focusable = true;

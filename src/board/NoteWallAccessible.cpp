@@ -61,6 +61,7 @@ class ToolPiece final : public WallPiece {
   [[nodiscard]] QAccessible::State state() const override {
     QAccessible::State state;
     state.invalid = !isValid();
+    state.invisible = !isValid() || !wall()->isVisible();
     if (m_part == CardPart::Daily3 && card()) {
       state.checkable = true;
       state.checked = card()->face().isDaily3;
@@ -131,6 +132,7 @@ class NotePiece final : public WallPiece {
     state.invalid = !isValid();
     state.focusable = true;
     state.selectable = true;
+    state.invisible = !isValid() || !wall()->isVisible();
     if (!isValid()) return state;
     state.selected = wall()->selection() == id();
     state.focused = state.selected && wall()->hasFocus();

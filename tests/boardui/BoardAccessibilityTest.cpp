@@ -81,6 +81,16 @@ TEST_F(BoardAccessibility, offersACardsControlsByName) {
   EXPECT_EQ(desk.flight.plays.size(), 1u);
 }
 
+TEST_F(BoardAccessibility, showsNothingWhileTheBoardIsHidden) {
+  desk.add(u"a"_s);
+  open();
+  auto* item = list()->child(0);
+  auto* tab = QAccessible::queryAccessibleInterface(&find<BoardTabs>())->child(0);
+  for (auto* piece : {item, item->child(0), tab}) EXPECT_FALSE(piece->state().invisible);
+  host().hide();
+  for (auto* piece : {item, item->child(0), tab}) EXPECT_TRUE(piece->state().invisible);
+}
+
 TEST_F(BoardAccessibility, findsACardUnderAPoint) {
   desk.add(u"a"_s);
   open();

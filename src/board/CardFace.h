@@ -17,7 +17,7 @@ namespace tarnwick {
 struct CardFace {
   static constexpr double kWidth = 175;
   static constexpr double kHeight = 112;
-  static constexpr double kMargin = 16;       // of the pixmap around the paper
+  static constexpr double kMargin = 32;       // of the pixmap around the paper: the raised sheet's shadow
   static constexpr double kCircleInset = 19;  // of the crush circle's centre
   static constexpr double kCircleDiameter = 16.4;
   static constexpr double kCircleHit = 32;

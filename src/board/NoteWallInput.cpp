@@ -221,6 +221,11 @@ void NoteWall::beginDrag(const QPointF& globalPoint) {
   TaskStickyCard* target = card(m_press->id);
   m_dragSheet = std::make_unique<DragSheet>(target->pixmap(PaperLift::Raised, devicePixelRatioF()));
   m_dragSheet->move((globalPoint - m_press->grip - QPointF(CardFace::kMargin, CardFace::kMargin)).toPoint());
+  if (!m_services.screens.isComposited()) {
+    // No desktop behind shows through: only the paper itself is a window then.
+    const QPolygonF paper = target->face().sheet(PaperLift::Rest).outline().toFillPolygon();
+    m_dragSheet->setMask(QRegion(paper.translated(CardFace::kMargin, CardFace::kMargin).toPolygon()));
+  }
   m_dragSheet->show();
   setCursor(Qt::ClosedHandCursor);
   updateCard(m_press->id);

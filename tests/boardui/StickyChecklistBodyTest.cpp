@@ -118,6 +118,23 @@ TEST(CardPicture, differsForEverythingThatLiesOnTheCard) {
   EXPECT_TRUE(differs([](auto& f) { f.mark = u"ot"_s; }));
 }
 
+TEST(CardPicture, isLargeEnoughForTheShadowOfARaisedCard) {
+  for (const auto theme : {PaperTheme::plain, PaperTheme::construction}) {
+    CardFace face;
+    face.colorHex = u"#FFE169"_s;
+    face.theme = theme;
+    const QImage image = face.pixmap(PaperLift::Raised, 1).toImage();
+    int strongest = 0;
+    for (int x = 0; x < image.width(); ++x) {
+      strongest = std::max({strongest, qAlpha(image.pixel(x, 0)), qAlpha(image.pixel(x, image.height() - 1))});
+    }
+    for (int y = 0; y < image.height(); ++y) {
+      strongest = std::max({strongest, qAlpha(image.pixel(0, y)), qAlpha(image.pixel(image.width() - 1, y))});
+    }
+    EXPECT_LE(strongest, 2) << "a hard edge where the shadow should run out";
+  }
+}
+
 TEST(CardPicture, showsAnOverdueDateOnAFilledPlate) {
   const auto plateOf = [](bool isOverdue) {
     CardFace face;

@@ -110,8 +110,12 @@ int ContentView::Content::wallTop() const {
   return showSearch || showTags ? top + 36 : top;
 }
 
+bool ContentView::Content::isFiltered() const {
+  return !search.isEmpty() || (showTags && selectedTag != TaskTag::none);
+}
+
 bool ContentView::Content::showsNudge() const {
-  return active.empty() && search.isEmpty() && !(showTags && selectedTag != TaskTag::none) && !showStats;
+  return active.empty() && !isFiltered() && !showStats;
 }
 
 bool ContentView::Content::showsStrip() const {

@@ -54,6 +54,8 @@ struct ContentView::Content {
   void placeSlip();
   void orderTabs();
   [[nodiscard]] int wallTop() const;
+  /// By what the user looks for; a board tab is no filter.
+  [[nodiscard]] bool isFiltered() const;
   [[nodiscard]] bool showsNudge() const;
   [[nodiscard]] bool showsStrip() const;
   void crossFade(const std::function<void()>& change);

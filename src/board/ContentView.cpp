@@ -67,6 +67,7 @@ void ContentView::Content::refresh() {
   active = activeTasks(tasks, filter, now, calendar);
   wall->setMark(showSearch ? search : QString());
   wall->setNotes(active);
+  wall->setEmptyText(active.empty() && isFiltered() ? ContentView::tr("No notes match.") : QString());
   rail->setTabs(boardNames(), selectedBoard);
   const auto mode = fromRawValue<NoteDisplayMode>(services.defaults.text(keys::kNoteDisplayMode).value_or(QString()));
   rail->setDisplayMode(mode.value_or(NoteDisplayMode::alwaysOnTop));

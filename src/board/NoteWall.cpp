@@ -24,7 +24,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr double kBottomSpace = 14;
-constexpr double kSpill = 22;  // how far a tilted card's shadow, ring and flag reach beyond its paper
+constexpr double kSpill = 38;  // how far a tilted card's shadow, ring and flag reach beyond its paper
 constexpr auto kBreathTick = 83ms;
 constexpr double kBreathPeriod = 2.4;
 
@@ -64,6 +64,13 @@ void NoteWall::setNotes(const TaskList& notes) {
 void NoteWall::setMark(const QString& mark) {
   m_mark = mark;
   for (auto& [id, card] : m_cards) card->setAppearance(appearance());
+  update();
+}
+
+void NoteWall::setEmptyText(const QString& text) {
+  if (text == m_emptyText) return;
+  m_emptyText = text;
+  setAccessibleDescription(text);
   update();
 }
 
@@ -326,6 +333,14 @@ void NoteWall::paintEvent(QPaintEvent* event) {
                       BoardSurfaceView::kRadius - 1, BoardSurfaceView::kRadius - 1);
   painter.setClipPath(clip);
   painter.setClipRect(event->rect(), Qt::IntersectClip);
+
+  if (m_notes.empty() && !m_emptyText.isEmpty()) {
+    const QRectF free(0, m_topInset, width(), height() - m_topInset - m_bottomInset);
+    painter.setFont(tokens::font(tokens::Type::Body));
+    painter.setPen(QColor::fromRgb(tokens::kText3));
+    painter.drawText(free.adjusted(kEdge, 0, -kEdge, -free.height() * 0.2), Qt::AlignCenter | Qt::TextWordWrap,
+                     m_emptyText);
+  }
 
   const auto now = m_services.clock.mediaTime();
   const auto [first, last] = visibleRange();

@@ -36,6 +36,8 @@ class NoteWall final : public QWidget {
   [[nodiscard]] const TaskList& notes() const { return m_notes; }
   void setMark(const QString& mark);
   /// Room inside the scrolled content: above the first row, and below the last one.
+  /// What stands on a wall without notes; nothing by default.
+  void setEmptyText(const QString& text);
   void setInsets(int top, int bottom);
   [[nodiscard]] std::optional<QUuid> selection() const { return m_selection; }
   void setSelection(const std::optional<QUuid>& id);
@@ -125,6 +127,7 @@ class NoteWall final : public QWidget {
   std::optional<Press> m_press;
   std::unique_ptr<QWidget> m_dragSheet;
   QString m_mark;
+  QString m_emptyText;
   double m_offset = 0;
   Glide m_scroll;
   int m_topInset = 0;

@@ -255,13 +255,21 @@ TEST_F(Board, greetsAnEmptyWallByTheHour) {
   EXPECT_FALSE(nudge.isVisible());
 }
 
-TEST_F(Board, doesNotGreetWhenAFilterHidesTheNotes) {
+TEST_F(Board, saysThatNothingMatchesInsteadOfGreeting) {
   desk.add(u"a note"_s);
   open();
   click(u"Search"_s);
   type(u"zzz"_s);
   EXPECT_TRUE(wall().notes().empty());
   EXPECT_FALSE(find<PlanNudgeView>().isVisible());
+  EXPECT_EQ(wall().accessibleDescription(), u"No notes match."_s);
+  const QImage words = wall().grab().toImage();
+  wall().setEmptyText({});
+  EXPECT_NE(wall().grab().toImage(), words);
+  type(u"z"_s);
+  EXPECT_EQ(wall().accessibleDescription(), u"No notes match."_s);
+  key(Qt::Key_Escape);
+  EXPECT_EQ(wall().accessibleDescription(), QString());
 }
 
 TEST_F(Board, readsWhatChangedWhileItWasHidden) {

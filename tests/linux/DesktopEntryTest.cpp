@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <filesystem>
+
 namespace tarnwick {
 namespace {
 
@@ -89,6 +92,9 @@ TEST_F(InstalledEntries, AreFoundByWhatAWindowSays) {
 
 TEST_F(InstalledEntries, AppearWhenTheyAreInstalledLater) {
   add(QStringLiteral("d"), QStringLiteral("one.desktop"), named("One"));
+  // The file system tells moments apart by a few milliseconds only.
+  std::filesystem::last_write_time(folder("d").toStdString(),
+                                   std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
   const DesktopEntries entries({folder("d")});
   EXPECT_EQ(entries.byId(QStringLiteral("two")), nullptr);
   add(QStringLiteral("d"), QStringLiteral("two.desktop"), named("Two"));

@@ -77,7 +77,8 @@ void StatusBarController::buildMenu() {
 }
 
 void StatusBarController::statusItemPressed(QSystemTrayIcon::ActivationReason reason) {
-  if (reason != QSystemTrayIcon::Trigger) return;
+  // Of two quick clicks the second comes as a double click, in place of a click of its own.
+  if (reason != QSystemTrayIcon::Trigger && reason != QSystemTrayIcon::DoubleClick) return;
   rememberPointer();
   toggleDesk();
 }

@@ -27,6 +27,15 @@ struct FakeTime {
   }
 };
 
+TEST(TheSystemClock, speaksToReadersWhereNoLanguageIsSet) {
+  const QLocale before;
+  QLocale::setDefault(QLocale::c());
+  const QLocale locale = SystemClock().locale();
+  QLocale::setDefault(before);
+  EXPECT_EQ(locale.dayName(1, QLocale::NarrowFormat), QStringLiteral("M"));
+  EXPECT_FALSE(locale.toString(QTime(21, 36, 59), QLocale::ShortFormat).contains(QStringLiteral("59")));
+}
+
 template <typename Time>
 class AScheduler : public testing::Test {
  protected:

@@ -11,6 +11,10 @@ std::chrono::nanoseconds SystemClock::mediaTime() const {
 
 QTimeZone SystemClock::timeZone() const { return QTimeZone::systemTimeZone(); }
 
-QLocale SystemClock::locale() const { return QLocale(); }
+QLocale SystemClock::locale() const {
+  const QLocale locale;
+  // The C locale numbers the days of the week and counts seconds in every time: made for programs, not for readers.
+  return locale.language() == QLocale::C ? QLocale(QLocale::English, QLocale::World) : locale;
+}
 
 }  // namespace tarnwick

@@ -22,6 +22,11 @@ constexpr double kSide = 10;
 constexpr double kAbove = 16;
 constexpr double kBelow = 18;
 constexpr double kFootHeight = 20;
+constexpr double kFootGap = 8;
+constexpr double kTapeTeeth = 4;
+constexpr double kLock = 13;
+constexpr double kStampTrail = 40;  // of a stamp that stands in the foot's line, clear of the corner
+constexpr double kRaisedStampRoom = 74;
 constexpr double kBarHeight = 32;
 constexpr double kStampScale = 1.1;
 constexpr double kStampAngle = -6;
@@ -51,6 +56,7 @@ QRectF TornNoteFace::textRect() const {
   QMarginsF inset(14, 22, 14, 46);
   if (theme == PaperTheme::lined) inset = {28, 29, 14, 46};
   if (theme == PaperTheme::construction) inset = {19, 24, 19, 48};
+  if (isStampRaised()) inset.setBottom(kRaisedStampRoom);
   return mirrored(paper.marginsRemoved(inset));
 }
 
@@ -76,6 +82,20 @@ QRectF TornNoteFace::footRect() const {
   if (theme == PaperTheme::lined) left = 26;
   if (theme == PaperTheme::construction) left = right = bottom = 17;
   return mirrored({paper.left() + left, paper.bottom() - bottom - kFootHeight, paper.width() - left - right, kFootHeight});
+}
+
+bool TornNoteFace::isStampRaised() const {
+  if (stamp == TaskStamp::none) return false;
+  const auto foot = footRect();
+  double used = 0;
+  if (due) used += CardParts::dueLabelWidth(*due) + kFootGap;
+  if (!counter.isEmpty()) {
+    used += QFontMetricsF(tokens::font(tokens::Type::DueLabel)).horizontalAdvance(counter) + 1 + kFootGap;
+  }
+  if (isPrivate) used += kLock + kFootGap;
+  const double lead = direction == Qt::RightToLeft ? paperRect().right() - foot.right() : foot.left() - paperRect().left();
+  const double width = StampBadgeView::size(stamp).width() * kStampScale;
+  return lead + used > paperRect().width() - kStampTrail - width;
 }
 
 QRectF TornNoteFace::hoverBarRect() const {
@@ -132,7 +152,8 @@ Qt::Edges TornNoteFace::edgesAt(const QPointF& point) const {
 
 QRegion TornNoteFace::mask() const {
   QRegion region(sheet(paperRect(), PaperKind::TornNote, kRestingPeel).outline().toFillPolygon().toPolygon());
-  return region + QRegion(tapeRect().toAlignedRect());
+  // Without transparency the tape is cut straight: between its teeth would be black.
+  return region + QRegion(tapeRect().adjusted(kTapeTeeth, 0, -kTapeTeeth, 0).toAlignedRect());
 }
 
 PaperSheet TornNoteFace::sheet(const QRectF& rect, PaperKind kind, double peel) const {
@@ -209,8 +230,8 @@ void TornNoteFace::paintFoot(QPainter& painter, double barOpacity) const {
   const bool isRightToLeft = direction == Qt::RightToLeft;
   if (stamp != TaskStamp::none) {
     const auto badge = StampBadgeView::size(stamp) * kStampScale;
-    const bool isRaised = barOpacity > 0;
-    const QRectF place(paper.right() - (isRaised ? 16 : 40) - badge.width(),
+    const bool isRaised = barOpacity > 0 || isStampRaised();
+    const QRectF place(paper.right() - (isRaised ? 16 : kStampTrail) - badge.width(),
                        paper.bottom() - (isRaised ? 52 : 16) - badge.height(), badge.width(), badge.height());
     painter.save();
     painter.translate(mirrored(place).center());
@@ -225,9 +246,9 @@ void TornNoteFace::paintFoot(QPainter& painter, double barOpacity) const {
   const auto take = [&](double width) {
     const QRectF slot(isRightToLeft ? rest.right() - width : rest.left(), rest.top(), width, rest.height());
     if (isRightToLeft) {
-      rest.setRight(rest.right() - width - 8);
+      rest.setRight(rest.right() - width - kFootGap);
     } else {
-      rest.setLeft(rest.left() + width + 8);
+      rest.setLeft(rest.left() + width + kFootGap);
     }
     return slot;
   };
@@ -241,8 +262,8 @@ void TornNoteFace::paintFoot(QPainter& painter, double barOpacity) const {
     painter.drawText(take(QFontMetricsF(painter.font()).horizontalAdvance(counter) + 1), Qt::AlignCenter, counter);
   }
   if (isPrivate) {
-    const auto slot = take(13);
-    Symbols::paint(painter, QStringLiteral("lock"), {slot.left(), slot.center().y() - 6.5, 13, 13}, ink());
+    const auto slot = take(kLock);
+    Symbols::paint(painter, QStringLiteral("lock"), {slot.left(), slot.center().y() - kLock / 2, kLock, kLock}, ink());
   }
   painter.restore();
 }

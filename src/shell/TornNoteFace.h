@@ -46,6 +46,8 @@ struct TornNoteFace {
   [[nodiscard]] QPointF circleCenter() const;
   [[nodiscard]] QRectF circleHitRect() const;
   [[nodiscard]] QRectF footRect() const;
+  /// The foot's line is full: the stamp stands above it.
+  [[nodiscard]] bool isStampRaised() const;
   [[nodiscard]] QRectF hoverBarRect() const;
   /// Tools of the bar from left to right as they are read.
   [[nodiscard]] QStringList hoverBarSymbols() const;

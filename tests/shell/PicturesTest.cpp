@@ -64,6 +64,32 @@ TEST_F(NotePictures, theWindowsMarginHoldsOnlyShadowAndTape) {
   keep(note, u"plain"_s);
 }
 
+TEST_F(NotePictures, aStampLeavesAFullFootReadable) {
+  for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+    for (const auto theme : {PaperTheme::plain, PaperTheme::construction}) {
+      TornNoteFace face;
+      face.colorHex = u"#FFE169"_s;
+      face.theme = theme;
+      face.direction = direction;
+      face.due = CardParts::DueLabel{u"Tomorrow"_s, false, true};
+      face.counter = u"0/3"_s;
+      face.isPrivate = true;
+      const auto foot = [](const TornNoteFace& shown) {
+        QImage image(shown.size.toSize(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        shown.paintFoot(painter, 0);
+        painter.end();
+        return image.copy(shown.footRect().toAlignedRect());
+      };
+      const QImage plain = foot(face);
+      face.stamp = TaskStamp::priority;
+      EXPECT_EQ(foot(face), plain);
+      EXPECT_LT(face.textRect().bottom(), face.footRect().top() - 20);
+    }
+  }
+}
+
 TEST_F(NotePictures, everyThemeAndState) {
   const auto tomorrow = time.now().addDays(1);
   keep(sheet(u"- [x] Rinse the jars\n- [ ] Label the lids\n- [ ] Ask Ines for salt"_s, u"#4CC9F0"_s, PaperTheme::graph), u"graph"_s);
@@ -152,6 +178,7 @@ TEST_F(NotePictures, withoutACompositorNothingIsOutsideTheMask) {
   EXPECT_FALSE(note.mask().contains(QPoint(3, 120)));
   EXPECT_TRUE(note.mask().contains(QPoint(125, 120)));
   EXPECT_TRUE(note.mask().contains(QPoint(90, 8)));
+  EXPECT_FALSE(note.mask().contains(QPoint(86, 8))) << "between the tape's teeth would be black";
   keep(note, u"masked"_s);
 }
 

@@ -132,6 +132,7 @@ QString NoteForm::dueText() const {
   const QDateTime local = calendar.local(m_dueDate);
   // Seen from long before, a date reads as a date, never as today.
   const QString day = dueLabel(m_dueDate, m_dueDate.addDays(-40), calendar);
+  if (local.time().hour() == 0 && local.time().minute() == 0) return day;  // a date without a time
   return QStringLiteral("%1, %2").arg(day, calendar.locale().toString(local.time(), QLocale::ShortFormat));
 }
 

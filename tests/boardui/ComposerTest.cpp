@@ -124,6 +124,12 @@ TEST_F(Composer, picksADateFromTheBlock) {
   EXPECT_EQ(due.text(), u"Due Date"_s);
 }
 
+TEST_F(Composer, showsADateWithoutATimeAsThat) {
+  const auto task = desk.add(u"Bill"_s, [&](auto& r) { r.dueDate = desk.at(u"2026-03-04T00:00:00"_s); });
+  open().showEditor(task);
+  EXPECT_EQ(form().dueChip().text(), u"Mar 4"_s);
+}
+
 TEST_F(Composer, clearsTheDateFromTheBlock) {
   compose();
   QTest::mouseClick(&form().dueChip(), Qt::LeftButton, {}, QPoint(20, 18));

@@ -67,6 +67,10 @@ QRectF CardFace::footRect() const {
   return {left, kHeight - bottom - 20 - (isSmoldering ? kBurntRise : 0), kWidth - lead - trail, 20};
 }
 
+QRectF CardFace::hoverBarRect() const {
+  return {8, kHeight - 7 - 28 - (isSmoldering ? kBurntRise : 0), kWidth - 16, 28};
+}
+
 bool CardFace::isStampRaised() const {
   if (!appID.isEmpty() || isPrivate || StickyChecklist::hasChecklist(text)) return true;
   return due && CardParts::dueLabelWidth(*due) + StampBadgeView::size(stamp).width() + 4 > footRect().width();

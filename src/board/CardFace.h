@@ -48,7 +48,8 @@ struct CardFace {
   [[nodiscard]] QPointF bodyOrigin() const;
   [[nodiscard]] QPointF circleCenter() const;
   [[nodiscard]] QRectF circleHitRect() const;
-  [[nodiscard]] static QRectF hoverBarRect() { return {8, kHeight - 7 - 28, kWidth - 16, 28}; }
+  /// Covers the foot, which stands higher over a burnt edge.
+  [[nodiscard]] QRectF hoverBarRect() const;
 
  private:
   void paintFoot(QPainter& painter, const QRectF& foot) const;

@@ -418,8 +418,8 @@ void NoteWall::paintCard(QPainter& painter, int index, TaskStickyCard& card, Gli
     painter.setOpacity(full * tools);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Color::fromHex(face.colorHex));  // nothing of the foot shines through
-    painter.drawRoundedRect(CardFace::hoverBarRect(), 8, 8);
-    CardParts::paintHoverBar(painter, CardFace::hoverBarRect(), face.ink(), kSymbols, hot, 8);
+    painter.drawRoundedRect(face.hoverBarRect(), 8, 8);
+    CardParts::paintHoverBar(painter, face.hoverBarRect(), face.ink(), kSymbols, hot, 8);
     painter.setOpacity(full);
   }
   if (m_selection == id) {

@@ -72,7 +72,7 @@ class ToolPiece final : public WallPiece {
     if (!isValid()) return {};
     QRectF place = card()->face().circleHitRect();
     if (m_part != CardPart::Circle) {
-      place = CardParts::hoverBarSlot(CardFace::hoverBarRect(), 4,
+      place = CardParts::hoverBarSlot(card()->face().hoverBarRect(), 4,
                                       static_cast<int>(m_part) - static_cast<int>(CardPart::Edit),
                                       wall()->layoutDirection());
     }

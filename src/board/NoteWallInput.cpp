@@ -30,8 +30,8 @@ constexpr double kThumbReach = 10;
 /// The card that hangs on the pointer, also beyond the board's edge.
 class DragSheet final : public QWidget {
  public:
-  explicit DragSheet(QPixmap pixmap)
-      : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint), m_pixmap(std::move(pixmap)) {
+  DragSheet(QPixmap pixmap, double opacity)
+      : QWidget(nullptr, Qt::ToolTip | Qt::FramelessWindowHint), m_pixmap(std::move(pixmap)), m_opacity(opacity) {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -41,12 +41,13 @@ class DragSheet final : public QWidget {
  protected:
   void paintEvent(QPaintEvent* /*event*/) override {
     QPainter painter(this);
-    painter.setOpacity(0.92);
+    painter.setOpacity(m_opacity);
     painter.drawPixmap(0, 0, m_pixmap);
   }
 
  private:
   QPixmap m_pixmap;
+  double m_opacity;
 };
 
 }  // namespace
@@ -219,9 +220,11 @@ void NoteWall::beginDrag(const QPointF& globalPoint) {
   m_press->isDragging = true;
   m_hotPart = CardPart::None;
   TaskStickyCard* target = card(m_press->id);
-  m_dragSheet = std::make_unique<DragSheet>(target->pixmap(PaperLift::Raised, devicePixelRatioF()));
+  const bool isComposited = m_services.screens.isComposited();
+  m_dragSheet = std::make_unique<DragSheet>(target->pixmap(PaperLift::Raised, devicePixelRatioF()),
+                                            isComposited ? 0.92 : 1.0);
   m_dragSheet->move((globalPoint - m_press->grip - QPointF(CardFace::kMargin, CardFace::kMargin)).toPoint());
-  if (!m_services.screens.isComposited()) {
+  if (!isComposited) {
     // No desktop behind shows through: only the paper itself is a window then.
     const QPolygonF paper = target->face().sheet(PaperLift::Rest).outline().toFillPolygon();
     m_dragSheet->setMask(QRegion(paper.translated(CardFace::kMargin, CardFace::kMargin).toPolygon()));

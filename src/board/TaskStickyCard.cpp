@@ -145,7 +145,7 @@ TaskStickyCard::Hit TaskStickyCard::hit(const QPointF& point) const {
   if (m_face.circleHitRect().contains(point)) return {CardPart::Circle};
   if (tools.target() > 0) {
     static constexpr std::array kTools{CardPart::Edit, CardPart::ChangeColor, CardPart::Daily3, CardPart::TearOff};
-    const QRectF bar = CardFace::hoverBarRect();
+    const QRectF bar = m_face.hoverBarRect();
     if (bar.contains(point)) {
       // The slots share the bar without gaps, so that no press falls between two tools.
       const int count = static_cast<int>(kTools.size());

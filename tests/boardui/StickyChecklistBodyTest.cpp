@@ -135,6 +135,31 @@ TEST(CardPicture, isLargeEnoughForTheShadowOfARaisedCard) {
   }
 }
 
+TEST(CardPicture, keepsItsFootBelowTheToolsThatCoverIt) {
+  for (const auto theme : {PaperTheme::plain, PaperTheme::construction}) {
+    for (const bool isSmoldering : {false, true}) {
+      CardFace open;
+      open.colorHex = u"#FFE169"_s;
+      open.theme = theme;
+      open.isSmoldering = isSmoldering;
+      CardFace locked = open;
+      locked.isPrivate = true;
+      const QImage without = open.pixmap(PaperLift::Rest, 1).toImage();
+      const QImage with = locked.pixmap(PaperLift::Rest, 1).toImage();
+      const QRectF bar = locked.hoverBarRect().translated(CardFace::kMargin, CardFace::kMargin);
+      int covered = 0;
+      int uncovered = 0;
+      for (int y = 0; y < with.height(); ++y) {
+        for (int x = 0; x < with.width(); ++x) {
+          if (with.pixel(x, y) != without.pixel(x, y)) ++(bar.contains(QPointF(x, y)) ? covered : uncovered);
+        }
+      }
+      EXPECT_GT(covered, 0);
+      EXPECT_EQ(uncovered, 0);
+    }
+  }
+}
+
 TEST(CardPicture, showsAnOverdueDateOnAFilledPlate) {
   const auto plateOf = [](bool isOverdue) {
     CardFace face;

@@ -14,8 +14,10 @@ StoreAlert::StoreAlert(Error error, const QString& storePath)
   m_box->setWindowTitle(tr("Tarnwick"));
   m_box->setText(tr("Your notes could not be opened."));
   const QDir backups(QFileInfo(storePath).dir().filePath(QStringLiteral("backups")));
-  QString details = m_error.text + QStringLiteral("\n\n") + tr("The file was left as it is: %1").arg(storePath);
-  if (!backups.entryList({QStringLiteral("Tarnwick-*.store")}).isEmpty()) {
+  QString details = m_error.text;
+  const bool saysSoItself = m_error.kind == ErrorKind::Damaged;
+  if (!saysSoItself) details += QStringLiteral("\n\n") + tr("The file was left as it is: %1").arg(storePath);
+  if (!saysSoItself && !backups.entryList({QStringLiteral("Tarnwick-*.store")}).isEmpty()) {
     details += QStringLiteral("\n") + tr("Copies of earlier days are in %1").arg(backups.path());
   }
   m_box->setInformativeText(details);

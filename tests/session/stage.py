@@ -1,0 +1,253 @@
+# SPDX-License-Identifier: MIT
+"""What else is on the desktop beside Tarnwick, and what the X server says about all of it: other programs' windows,
+stacking, window properties, input shapes."""
+import contextlib
+import os
+import subprocess
+import sys
+import time
+
+from Xlib import X, Xutil, display, error
+from Xlib.ext import shape
+from Xlib.protocol import event
+
+from driver import Failure, Tarnwick, wait, xdo
+
+ALL_DESKTOPS = 0xFFFFFFFF
+
+
+def expect(condition, what):
+    if not condition:
+        raise Failure(what)
+
+
+def settled(read, what, hold=0.3, limit=None):
+    """Waits until what is read stays the same for a while; returns it."""
+    seen = {"value": None, "since": None}
+
+    def holds():
+        value, now = read(), time.monotonic()
+        if value is None or value != seen["value"]:
+            seen.update(value=value, since=now)
+            return None
+        return [value] if now - seen["since"] >= hold else None
+
+    return wait(holds, f"{what} comes to rest", limit)[0]
+
+
+def never(condition, what, during=1.2):
+    """For what must not come: looks all the while."""
+    end = time.monotonic() + during
+    while time.monotonic() < end:
+        expect(not condition(), what)
+        time.sleep(0.03)
+
+
+class XServer:
+    """A client of its own that only looks."""
+
+    def __init__(self):
+        self.x = display.Display()
+        self.root = self.x.screen().root
+
+    def _quietly(self, work, otherwise=None):
+        try:
+            return work()
+        except (error.BadWindow, error.BadDrawable, error.BadMatch):
+            return otherwise
+
+    def property(self, window, name):
+        def read():
+            found = window.get_full_property(self.x.intern_atom(name), X.AnyPropertyType)
+            return found.value if found else None
+        return self._quietly(read)
+
+    def windows(self, name="_NET_CLIENT_LIST_STACKING"):
+        """The managed windows, the lowest first."""
+        ids = self.property(self.root, name)
+        if ids is None:
+            ids = self.property(self.root, "_NET_CLIENT_LIST")
+        return [self.x.create_resource_object("window", each) for each in (ids if ids is not None else [])]
+
+    def title(self, window):
+        text = self.property(window, "_NET_WM_NAME") or self.property(window, "WM_NAME") or ""
+        if isinstance(text, str):
+            return text
+        try:
+            return text.decode("utf-8")
+        except UnicodeDecodeError:
+            return text.decode("latin-1")
+
+    def titled(self, title):
+        return next((w for w in self.windows() if self.title(w) == title), None)
+
+    def states(self, window):
+        atoms = self.property(window, "_NET_WM_STATE")
+        return {self.x.get_atom_name(each).removeprefix("_NET_WM_STATE_") for each in (atoms if atoms is not None else [])}
+
+    def desktop_of(self, window):
+        value = self.property(window, "_NET_WM_DESKTOP")
+        return value[0] if value is not None and len(value) else None
+
+    def opacity(self, window):
+        value = self.property(window, "_NET_WM_WINDOW_OPACITY")
+        return 1.0 if value is None or not len(value) else value[0] / 0xFFFFFFFF
+
+    def is_viewable(self, window):
+        return self._quietly(lambda: window.get_attributes().map_state == X.IsViewable, False)
+
+    def inner(self, window):
+        """The window's own rectangle on the screen, without what the window manager puts around it."""
+        def read():
+            size = window.get_geometry()
+            # the library turns it round: the window named first is the one translated to
+            place = self.root.translate_coords(window, 0, 0)
+            return [place.x, place.y, size.width, size.height]
+        return self._quietly(read)
+
+    def outer(self, window):
+        """With the window manager's frame."""
+        frame = self.inner(window)
+        extents = self.property(window, "_NET_FRAME_EXTENTS")
+        if frame is None or extents is None:
+            return frame
+        left, right, top, bottom = extents
+        return [frame[0] - left, frame[1] - top, frame[2] + left + right, frame[3] + top + bottom]
+
+    def input_rectangles(self, window):
+        return self._quietly(lambda: [[r.x, r.y, r.width, r.height]
+                                      for r in window.shape_get_rectangles(shape.SK.Input).rectangles])
+
+    def is_above(self, upper, lower):
+        order = [w.id for w in self.windows()]
+        return upper.id in order and lower.id in order and order.index(upper.id) > order.index(lower.id)
+
+    def active(self):
+        value = self.property(self.root, "_NET_ACTIVE_WINDOW")
+        return value[0] if value is not None and len(value) else 0
+
+    def keep_above(self, window):
+        data = (32, [1, self.x.intern_atom("_NET_WM_STATE_ABOVE"), 0, 2, 0])
+        message = event.ClientMessage(window=window, client_type=self.x.intern_atom("_NET_WM_STATE"), data=data)
+        self.root.send_event(message, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.x.sync()
+
+    def named(self, name):
+        """Rectangle of a visible window of that name, however deep it lies."""
+        def look(window):
+            for child in window.query_tree().children:
+                if child.get_attributes().map_state == X.IsViewable and child.get_wm_name() == name:
+                    return self.inner(child)
+                if found := self._quietly(lambda: look(child)):  # noqa: B023
+                    return found
+            return None
+        return self._quietly(lambda: look(self.root))
+
+    def popups(self):
+        """Menus: what no window manager manages, of some size."""
+        def is_popup(window):
+            facts, size = window.get_attributes(), window.get_geometry()
+            return facts.override_redirect and facts.map_state == X.IsViewable and size.width > 120 and size.height > 80
+        return [w.id for w in self.root.query_tree().children if self._quietly(lambda: is_popup(w), False)]
+
+    def note_window(self, frame):
+        """The note whose window lies there."""
+        return next((w for w in self.windows()
+                     if self.title(w).startswith("Tarnwick Note") and self.is_viewable(w) and self.inner(w) == frame), None)
+
+    def notes(self):
+        return [w for w in self.windows() if self.title(w).startswith("Tarnwick Note") and self.is_viewable(w)]
+
+
+class Plain:
+    """An ordinary window of another program, which counts the clicks that it gets."""
+
+    def __init__(self, title, x, y, width, height):
+        self.x = display.Display()
+        screen = self.x.screen()
+        self.window = screen.root.create_window(x, y, width, height, 0, screen.root_depth, X.InputOutput, X.CopyFromParent,
+                                                background_pixel=screen.white_pixel,
+                                                event_mask=X.ButtonPressMask | X.StructureNotifyMask)
+        self.window.set_wm_name(title)
+        self.window.set_wm_class(title.lower(), title)
+        self.window.set_wm_normal_hints(flags=Xutil.USPosition | Xutil.USSize, x=x, y=y, width=width, height=height)
+        self.window.map()
+        self.x.sync()
+        self.title = title
+
+    def clicks(self):
+        """Those since the last time it was asked."""
+        self.x.sync()
+        count = 0
+        while self.x.pending_events():
+            if self.x.next_event().type == X.ButtonPress:
+                count += 1
+        return count
+
+    def close(self):
+        self.window.destroy()
+        self.x.close()
+
+
+class Terminal:
+    """An xterm: a real application with a desktop entry."""
+
+    def __init__(self, server, title, geometry, *words):
+        self.server = server
+        self.title = title
+        self.process = subprocess.Popen(["xterm", "-geometry", geometry, *words, "-T", title, "-e", "sleep", "600"],
+                                        env={**os.environ, "LC_ALL": "C.UTF-8"}, stdout=subprocess.DEVNULL,
+                                        stderr=subprocess.DEVNULL)
+        self.window = wait(lambda: server.titled(title), f"the window {title!r}")
+        wait(lambda: server.is_viewable(self.window) and server.property(self.window, "_NET_FRAME_EXTENTS") is not None,
+             f"{title!r} is framed")
+
+    def activate(self):
+        def is_in_front():
+            if self.server.active() == self.window.id:
+                return True
+            xdo("windowactivate", self.window.id)
+            return self.server.active() == self.window.id
+        wait(is_in_front, f"{self.title!r} is in front")
+
+    def frame(self):
+        return self.server.outer(self.window)
+
+    def move(self, x, y):
+        xdo("windowmove", self.window.id, x, y)
+
+    def resize(self, width, height):
+        xdo("windowsize", self.window.id, width, height)
+
+    def close(self):
+        self.process.terminate()
+        self.process.wait()
+
+
+def park(x=None, y=None):
+    """The pointer to where no note is: the lower left corner."""
+    across, down = map(int, xdo("getdisplaygeometry").split())
+    xdo("mousemove", 8 if x is None else x, down // 2 if y is None else y)
+
+
+def play(scene):
+    """Runs the scene with a Tarnwick that is not yet started; says how far it came when something is wrong."""
+    tarnwick = Tarnwick(os.environ["TARNWICK"], os.environ.get("TARNWICK_SHOTS"))
+    began = time.monotonic()
+
+    def say(text):
+        print(f"- {time.monotonic() - began:5.1f} s  {text}", flush=True)
+
+    try:
+        tarnwick.skip_welcome()
+        scene(tarnwick, XServer(), say)
+        if tarnwick.process and tarnwick.process.poll() is None:
+            expect(tarnwick.quit() == 0, "it ends well")
+    except (Failure, subprocess.SubprocessError) as failure:
+        print("FAILED:", failure)
+        tarnwick.shot("failed")
+        with contextlib.suppress(Failure, ValueError):
+            print(tarnwick.status())
+        print("0 passed, 1 failed")
+        sys.exit(1)
+    print("1 passed, 0 failed")

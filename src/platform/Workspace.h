@@ -29,6 +29,8 @@ class Workspace {
   using Observer = std::function<void(const RunningApplication&)>;
 
   virtual ~Workspace() = default;
+  /// Windows of ours that are not in the task list, the board and the notes, do not come to the front: what is behind
+  /// them stays. Our own activation is told all the same.
   [[nodiscard]] virtual std::optional<RunningApplication> frontmost() const = 0;
   [[nodiscard]] virtual std::vector<RunningApplication> running() const = 0;
   [[nodiscard]] virtual Registration onActivated(Observer observer) = 0;

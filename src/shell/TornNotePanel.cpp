@@ -18,6 +18,7 @@
 #include "shell/TornStickyNoteView.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QMoveEvent>
 #include <QWindow>
 
@@ -253,7 +254,9 @@ void TornNotePanel::dockIfWanted() { m_appPinning->dockIfInFront(); }
 void TornNotePanel::makeKey() {
   // The keyboard goes to the note when it is in this program's hands; it is not taken from another one.
   const auto front = m_services.workspace.frontmost();
-  if (!isVisible() || !front || !isThisProgram(*front)) return;
+  const auto* focus = QGuiApplication::focusWindow();
+  const bool isOurs = (focus && focus->isVisible()) || (front && isThisProgram(*front));
+  if (!isVisible() || !isOurs) return;
   m_ports.windowServer.activate(*windowHandle());
 }
 

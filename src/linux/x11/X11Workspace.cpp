@@ -79,15 +79,28 @@ void X11Workspace::readFront() {
     if (m_front && !m_nothingInFront.isHeld()) {
       m_nothingInFront = m_scheduler.after(kNothingInFrontDelay, [this] {
         m_nothingInFront = {};
+        m_isOwnPanelInFront = false;
         setFront(std::nullopt);
       });
     }
     return;
   }
   m_nothingInFront.cancel();
+  // A click on a desktop's panel leaves the application in front that was there.
+  if (m_clients.kindOf(window) == ClientKind::Dock) return;
   auto application = describe(window, pid);
+  // The board and the notes lie over an application without taking its place: a note that belongs to it must not vanish
+  // when it is clicked.
+  const bool isOwnPanel = pid == getpid() && m_clients.kindOf(window) == ClientKind::Other;
+  const bool wasOwnPanel = std::exchange(m_isOwnPanelInFront, isOwnPanel);
+  if (isOwnPanel) {
+    if (!wasOwnPanel) m_activated.notify(application);
+    return;
+  }
   watch(application);
-  setFront(std::move(application));
+  const bool isBack = wasOwnPanel && m_front && m_front->pid == pid;
+  setFront(application);
+  if (isBack) m_activated.notify(application);
 }
 
 void X11Workspace::setFront(std::optional<RunningApplication> application) {

@@ -49,6 +49,7 @@ class X11Workspace final : public QObject, public Workspace {
   AppCatalog m_catalog;
   MotionPreference m_motion;
   std::optional<RunningApplication> m_front;
+  bool m_isOwnPanelInFront = false;  // before m_front, which stays
   std::map<qint64, std::unique_ptr<Process>> m_processes;
   std::vector<xcb_window_t> m_known;  // clients that were looked at
   Registration m_nothingInFront;

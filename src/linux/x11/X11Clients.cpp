@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "linux/x11/X11Clients.h"
 
+#include <QStringDecoder>
+
 #include <algorithm>
 
 namespace tarnwick {
@@ -14,7 +16,12 @@ ClientClass X11Clients::classOf(xcb_window_t window) const {
 
 QString X11Clients::titleOf(xcb_window_t window) const {
   const auto title = m_x.property(window, "_NET_WM_NAME");
-  return title.isEmpty() ? QString::fromLocal8Bit(m_x.property(window, "WM_NAME")) : QString::fromUtf8(title);
+  if (!title.isEmpty()) return QString::fromUtf8(title);
+  // The older property is Latin-1 by its rules; what is valid UTF-8 in it is hardly meant otherwise.
+  const auto plain = m_x.property(window, "WM_NAME");
+  QStringDecoder decode(QStringDecoder::Utf8);
+  const QString text = decode(plain);
+  return decode.hasError() ? QString::fromLatin1(plain) : text;
 }
 
 ClientKind X11Clients::kindOf(xcb_window_t window) const {

@@ -56,10 +56,13 @@ void AppPinning::activated(const RunningApplication& application) {
 
 void AppPinning::left(const RunningApplication& application, bool isTerminated) {
   if (application.bundleID != m_pinnedBundleID) return;
-  m_leaveCheck = m_services.scheduler.after(kLeaveDelay, [this, isTerminated] {
-    if (!isTerminated) {
-      const auto front = m_services.workspace.frontmost();
-      if (front && isThisProgram(*front)) return;
+  m_leaveCheck = m_services.scheduler.after(kLeaveDelay, [this, isTerminated, pid = application.pid] {
+    const auto front = m_services.workspace.frontmost();
+    if (!isTerminated && front && isThisProgram(*front)) return;
+    if (isTerminated && front && front->pid != pid && front->bundleID == m_pinnedBundleID) {
+      // One of several processes of the application has ended, and another is in front.
+      if (!m_isDocked || m_dockedTo == pid) dock(*front);
+      return;
     }
     undock();
     m_window.orderOut();
@@ -75,6 +78,7 @@ void AppPinning::dock(const RunningApplication& application) {
   // A leave that is still being waited for is over: the application is back.
   m_leaveCheck.cancel();
   m_isDocked = true;
+  m_dockedTo = application.pid;
   m_window.didDock();
   if (m_tracker) m_tracker->stop();
   m_tracker.reset();

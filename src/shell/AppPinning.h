@@ -51,6 +51,7 @@ class AppPinning final {
   PinnedWindow& m_window;
   QString m_pinnedBundleID;
   bool m_isDocked = false;
+  qint64 m_dockedTo = 0;  // the process
   std::unique_ptr<WindowTracking> m_tracker;
   Registration m_appObserver;
   Registration m_deactivateObserver;

@@ -82,6 +82,19 @@ TEST_F(AppPinned, goesWithAnApplicationThatEndsEvenBehindTheNote) {
   EXPECT_TRUE(note.isVisible());
 }
 
+TEST_F(AppPinned, staysWhenOneOfItsApplicationsProcessesEndsBehindAnother) {
+  workspace.activate(kEditor);
+  auto second = kEditor;
+  second.pid = kEditor.pid + 1;
+  auto& window = torn(pinnedNote(kEditor));
+  workspace.activate(second);
+  pass(1s);
+  workspace.terminate(kEditor);
+  pass(1s);
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_TRUE(window.isDocked());
+}
+
 TEST_F(AppPinned, anotherApplicationsEndIsNoMatter) {
   auto& note = torn(pinnedNote(kEditor));
   workspace.activate(kEditor);

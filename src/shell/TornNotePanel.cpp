@@ -195,7 +195,9 @@ void TornNotePanel::applyGhost() {
   m_ports.windowServer.setClickThrough(*windowHandle(), isGrabbed ? ClickThrough::Off : ClickThrough::On);
   if (m_noteView->isCrushing() || !m_services.screens.isComposited()) return;
   const double target = isGrabbed ? 1.0 : m_frame.contains(m_ghost.mouse()) ? kGhostUnderPointerAlpha : kGhostAlpha;
-  if (std::abs(m_alpha - target) > kAlphaStep) fadeTo(target, kGhostFade);
+  // A fade that just passes the wanted value would go on past it.
+  const double heading = m_alphaFrames.isHeld() ? m_fade.target() : m_alpha;
+  if (std::abs(heading - target) > kAlphaStep) fadeTo(target, kGhostFade);
 }
 
 void TornNotePanel::setAlpha(double alpha) {

@@ -49,11 +49,8 @@ DesktopRect FloatingPanel::placeForTornNote(const QUuid& id, const std::optional
   const auto remembered = m_rememberedFrames.extract(id);
   if (!near && !remembered.empty()) return remembered.mapped();
   const auto visible = visibleFrameAtPointer();
-  // Beside a board that is out of sight, notes that a script adds would all lie in one place.
-  const bool isByHiddenBoard = near && !isVisible() && *near == m_frame;
-  const auto origin = near && !isByHiddenBoard
-                          ? placement::besideCard(*near, visible, size)
-                          : placement::cascade(visible, size, static_cast<int>(m_tornPanels.size()));
+  const auto origin = near ? placement::besideCard(*near, visible, size)
+                           : placement::cascade(visible, size, static_cast<int>(m_tornPanels.size()));
   return {origin.x, origin.y, size.width, size.height};
 }
 

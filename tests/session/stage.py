@@ -224,6 +224,14 @@ class Terminal:
         self.process.wait()
 
 
+def tear_at(tarnwick, text, x, y):
+    """A new note, torn off on the monitor where the pointer is; gives back its id."""
+    xdo("mousemove", x, y)
+    note = tarnwick.run("add", text, "--no-tear", check=True).stdout.strip()
+    tarnwick.run("tear", note, check=True)
+    return note
+
+
 def park(x=None, y=None):
     """The pointer to where no note is: the lower left corner."""
     across, down = map(int, xdo("getdisplaygeometry").split())

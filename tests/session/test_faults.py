@@ -7,8 +7,8 @@ import subprocess
 
 from Xlib import X, XK, display
 
-from driver import wait, xdo
-from stage import ALL_DESKTOPS, expect, park, play, settled
+from driver import wait
+from stage import ALL_DESKTOPS, expect, park, play, settled, tear_at
 
 MARK = os.environ["DESKTOP_MARK"]
 FOLDER = pathlib.Path(os.environ["DESKTOP_DIR"])
@@ -63,10 +63,8 @@ def scene(tarnwick, server, say):
     taken_hot_key(tarnwick, say)
     tarnwick.start("--background")
     wait(lambda: not tarnwick.status()["platform"]["hotKey"].startswith("unavailable"), "the hot key is ours")
-    xdo("mousemove", 300, 400)
-    left = tarnwick.run("add", "On the left", check=True).stdout.strip()
-    xdo("mousemove", 900, 400)
-    right = tarnwick.run("add", "On the right", check=True).stdout.strip()
+    left = tear_at(tarnwick, "On the left", 300, 400)
+    right = tear_at(tarnwick, "On the right", 900, 400)
     park()
     notes = tarnwick.notes()
 

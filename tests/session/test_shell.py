@@ -4,7 +4,7 @@ import contextlib
 import subprocess
 
 from driver import Failure, wait, xdo
-from stage import ALL_DESKTOPS, Plain, expect, park, play, settled
+from stage import ALL_DESKTOPS, Plain, expect, park, play, settled, tear_at
 
 
 def board(tarnwick, server, say):
@@ -172,11 +172,9 @@ def places(tarnwick, server, say, note, width):
     notes = [note]
     if width < 1280:
         # torn off where the pointer is
-        xdo("mousemove", width + 260, 400)
-        notes.append(Note(tarnwick, server, tarnwick.run("add", "On the right", check=True).stdout.strip()))
+        notes.append(Note(tarnwick, server, tear_at(tarnwick, "On the right", width + 260, 400)))
         expect(notes[-1].frame()[0] >= width, f"the note appears on the pointer's monitor: {notes[-1].frame()}")
-    xdo("mousemove", 300, 400)
-    third = Note(tarnwick, server, tarnwick.run("add", "On the left", check=True).stdout.strip())
+    third = Note(tarnwick, server, tear_at(tarnwick, "On the left", 300, 400))
     expect(third.frame()[0] + third.frame()[2] <= width, f"and on the first one: {third.frame()}")
     notes.append(third)
     left, top, across, down = third.frame()

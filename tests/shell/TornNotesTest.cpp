@@ -52,15 +52,6 @@ TEST_F(TornNotesTable, goesBesideItsCardOnTheScreenOfThePointer) {
   EXPECT_EQ(torn(note(), DesktopRect{1300, 400, 175, 112}).frame().origin(), (DesktopPoint{1491, 341}));
 }
 
-TEST_F(TornNotesTable, besideTheBoardOnlyWhileItIsShown) {
-  const auto hidden = torn(note(), board().boardFrame()).frame().origin();
-  EXPECT_EQ(hidden, (DesktopPoint{930, 520}));
-  board().present();
-  const auto shown = torn(note(), board().boardFrame()).frame();
-  EXPECT_EQ(shown.x, board().boardFrame().x - 250 - 16);
-  EXPECT_EQ(shown.midY(), board().boardFrame().midY());
-}
-
 TEST_F(TornNotesTable, withoutAnyScreenTheBoardsOwnFrameServes) {
   screens.screens.clear();
   EXPECT_TRUE(torn(note()).isVisible());

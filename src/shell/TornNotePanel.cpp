@@ -72,7 +72,11 @@ TornNotePanel::TornNotePanel(TaskPtr task, const Surroundings& surroundings, Cal
   observe();
 }
 
-TornNotePanel::~TornNotePanel() = default;
+TornNotePanel::~TornNotePanel() {
+  // The view goes first: what loses the keyboard in it asks the hover bridge, which is ours.
+  if (auto* focused = focusWidget()) focused->clearFocus();
+  delete m_hosting;
+}
 
 void TornNotePanel::buildContent() {
   TornStickyNoteView::Window view;

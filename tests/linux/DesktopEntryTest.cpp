@@ -93,7 +93,7 @@ TEST_F(InstalledEntries, AreFoundByWhatAWindowSays) {
 TEST_F(InstalledEntries, AppearWhenTheyAreInstalledLater) {
   add(QStringLiteral("d"), QStringLiteral("one.desktop"), named("One"));
   // The file system tells moments apart by a few milliseconds only.
-  std::filesystem::last_write_time(folder("d").toStdString(),
+  std::filesystem::last_write_time((folder("d") + QStringLiteral("/applications")).toStdString(),
                                    std::filesystem::file_time_type::clock::now() - std::chrono::hours(1));
   const DesktopEntries entries({folder("d")});
   EXPECT_EQ(entries.byId(QStringLiteral("two")), nullptr);

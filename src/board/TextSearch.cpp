@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "board/TextSearch.h"
 
+#include <algorithm>
+
 namespace tarnwick {
 
 namespace {
@@ -9,10 +11,17 @@ constexpr char16_t kDotlessSmallI = 0x0131;
 constexpr char16_t kDottedCapitalI = 0x0130;
 constexpr char16_t kSharpS = 0x00DF;
 
-bool isAscii(const QString& text) {
-  char16_t seen = 0;
-  for (const QChar unit : text) seen |= unit.unicode();
-  return seen < 0x80;
+// Letters that fold to one letter each and have nothing to compose: Latin up to the first combining accent, without the
+// four whose folding is longer than themselves, and general punctuation with the currency signs.
+constexpr bool isPlain(char16_t unit) {
+  constexpr char16_t kPrecededN = 0x0149;
+  constexpr char16_t kCaronJ = 0x01F0;
+  if (unit < 0x0300) return unit != kSharpS && unit != kDottedCapitalI && unit != kPrecededN && unit != kCaronJ;
+  return unit >= 0x2010 && unit < 0x20D0;
+}
+
+bool isPlain(const QString& text) {
+  return std::ranges::all_of(text, [](QChar unit) { return isPlain(unit.unicode()); });
 }
 
 }  // namespace
@@ -23,16 +32,8 @@ TextSearch::TextSearch(const QString& needle, const QLocale& locale)
 
 bool TextSearch::isIn(const QString& text) const {
   if (m_needle.isEmpty()) return true;
-  if (!isAscii(text)) return folded(text).contains(m_needle);
-  m_scratch.resize(text.size());
-  QChar* to = m_scratch.data();
-  const char16_t smallI = m_hasDottedI ? kDotlessSmallI : u'i';
-  for (const QChar from : text) {
-    const char16_t unit = from.unicode();
-    const bool isCapital = unit >= u'A' && unit <= u'Z';
-    *to++ = QChar(unit == u'I' ? smallI : static_cast<char16_t>(isCapital ? unit + 0x20 : unit));
-  }
-  return m_scratch.contains(m_needle);
+  if (!m_hasDottedI && isPlain(text)) return text.contains(m_needle, Qt::CaseInsensitive);
+  return folded(text).contains(m_needle);
 }
 
 QString TextSearch::folded(const QString& text) const {

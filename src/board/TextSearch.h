@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Containment that ignores case by the rules of the user's language. Made once per search, asked once per note; a text of
-// plain ASCII costs one pass and no allocation.
+// plain Latin letters costs little more than the library's own search.
 #pragma once
 
 #include <QLocale>
@@ -20,7 +20,6 @@ class TextSearch final {
 
   bool m_hasDottedI = false;  // languages in which I and i are two letters
   QString m_needle;           // folded
-  mutable QString m_scratch;
 };
 
 }  // namespace tarnwick

@@ -249,6 +249,8 @@ TEST(TextSearch, ignoresCaseByTheRulesOfTheLanguage) {
       {QLocale::German, u"Übung"_s, u"übung"_s, true},
       {QLocale::German, u"Übung"_s, u"ubung"_s, false},
       {QLocale::German, u"u\u0308bung"_s, u"Übung"_s, true},
+      {QLocale::Polish, u"Do ŁODZI za €40"_s, u"łodzi ZA €"_s, true},
+      {QLocale::German, u"ǰota ŉ"_s, u"ǰOTA"_s, true},
       {QLocale::Greek, u"ΟΔΟΣ"_s, u"οδος"_s, true},
       {QLocale::Russian, u"Молоко"_s, u"МОЛО"_s, true},
       {QLocale::English, u"two\nlines"_s, u"o\nl"_s, true},

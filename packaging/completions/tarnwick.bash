@@ -18,7 +18,7 @@ _tarnwick() {
   COMPREPLY=()
 
   if [ "$COMP_CWORD" -eq 1 ]; then
-    mapfile -t COMPREPLY < <(compgen -W "$verbs --background --version --help" -- "$current")
+    mapfile -t COMPREPLY < <(compgen -W "$verbs --background --open --version --help" -- "$current")
     return
   fi
   local values=
@@ -53,7 +53,7 @@ _tarnwick() {
     revive) words+=" --all $(_tarnwick_ids burned)" ;;
     sweep) words+=' --yes' ;;
     export) words+=' --format --output' ;;
-    import) mapfile -t COMPREPLY < <(compgen -f -- "$current"); return ;;
+    import) mapfile -t COMPREPLY < <(compgen -f -- "$current"; compgen -W '--help --preview' -- "$current"); return ;;
     settings) [ "$COMP_CWORD" -eq 2 ] && words+=" $(_tarnwick_settings)" ;;
   esac
   mapfile -t COMPREPLY < <(compgen -W "$words" -- "$current")

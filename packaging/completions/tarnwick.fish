@@ -34,7 +34,7 @@ complete -c tarnwick -n __fish_use_subcommand -a sweep -d 'Delete all burned not
 complete -c tarnwick -n __fish_use_subcommand -a tear -d 'Put a note onto the desktop'
 complete -c tarnwick -n __fish_use_subcommand -a redock -d 'Put a note back on the board'
 complete -c tarnwick -n __fish_use_subcommand -a export -d 'Write every note'
-complete -c tarnwick -n __fish_use_subcommand -a import -d 'Read what export wrote'
+complete -c tarnwick -n __fish_use_subcommand -a import -d 'Take in an export, or the notes of another program'
 complete -c tarnwick -n __fish_use_subcommand -a settings -d 'Print all settings, print one, or set one'
 complete -c tarnwick -n __fish_use_subcommand -a status -d 'Tell what runs now'
 
@@ -63,6 +63,7 @@ complete -c tarnwick -n '__tarnwick_verb sweep' -l yes -d 'Needed: it cannot be 
 complete -c tarnwick -n '__tarnwick_verb export' -x -l format -a 'json markdown ics' -d 'Format'
 complete -c tarnwick -n '__tarnwick_verb export' -r -F -l output -d 'File to write'
 complete -c tarnwick -n '__tarnwick_verb import' -F
+complete -c tarnwick -n '__tarnwick_verb import' -l preview -d 'Only tell what would be imported'
 
 complete -c tarnwick -n '__tarnwick_verb edit show' -a '(__tarnwick_ids all)'
 complete -c tarnwick -n '__tarnwick_verb crush check tear redock' -a '(__tarnwick_ids active)'

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 
+#include "app/ImportWindow.h"
 #include "app/StatusReport.h"
 #include "app/StoreAlert.h"
 #include "app/commands/CommandRunner.h"
@@ -30,6 +31,7 @@
 #include "shell/WakeResurfaceController.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QSystemTrayIcon>
@@ -103,6 +105,7 @@ struct AppDelegate::Parts {
   std::unique_ptr<WakeResurfaceController> wakeResurface;
   std::unique_ptr<WelcomeWindowController> welcome;
   std::unique_ptr<SettingsView> settings;
+  std::unique_ptr<ImportWindow> importWindow;
 
   Registration powerObserver;
   Registration actedOnObserver;
@@ -148,6 +151,7 @@ void AppDelegate::makeCommands() {
     if (m_parts->panel) m_parts->panel->present();
   };
   running.newNote = [this] { showAddTask(); };
+  running.open = [this](const QStringList& paths) { openFiles(paths); };
   running.quit = [this] { Q_EMIT quitRequested(); };
   running.status = [this] { return status(); };
   m_parts->commands = std::make_unique<CommandRunner>(CommandEnvironment{
@@ -334,9 +338,30 @@ void AppDelegate::showSettings() {
                                                                      parts.updates, m_ports.loginItem,
                                                                      m_ports.captureWatch, m_ports.workspace,
                                                                      m_ports.scheduler});
+    connect(parts.settings.get(), &SettingsView::importRequested, this, [this] { importWindow().choose(); });
   }
   parts.settings->show();
   if (auto* window = parts.settings->windowHandle()) m_ports.windowServer.activate(*window);
+}
+
+ImportWindow& AppDelegate::importWindow() {
+  auto& window = m_parts->importWindow;
+  if (!window) window = std::make_unique<ImportWindow>(*m_parts->services, QDir::homePath());
+  return *window;
+}
+
+void AppDelegate::openFiles(const QStringList& names) {
+  QStringList paths;
+  for (const auto& name : names) {
+    const QUrl url(name);
+    paths.append(url.isLocalFile() ? url.toLocalFile() : name);
+  }
+  if (!m_parts->services || paths.isEmpty()) {
+    applicationShouldHandleReopen();
+    return;
+  }
+  importWindow().preview(paths);
+  if (auto* window = importWindow().windowHandle()) m_ports.windowServer.activate(*window);
 }
 
 void AppDelegate::runAction(const QString& action) {

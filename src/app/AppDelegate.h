@@ -15,6 +15,7 @@ namespace tarnwick {
 
 class CommandRunner;
 class FloatingPanel;
+class ImportWindow;
 class ModelContainer;
 class SettingsView;
 struct StatusReport;
@@ -44,6 +45,8 @@ class AppDelegate final : public QObject {
   void planNudgeIfDue();
   /// A word of the command line, sent to the running program.
   [[nodiscard]] CommandReply runCommand(const CommandCall& call);
+  /// Shows what the files, named by path or URI, would bring; the user decides.
+  void openFiles(const QStringList& names);
   /// One of the actions of the desktop entry.
   void runAction(const QString& action);
 
@@ -56,6 +59,7 @@ class AppDelegate final : public QObject {
 
  private:
   struct Parts;
+  [[nodiscard]] ImportWindow& importWindow();
   void presentStoreError(const Error& error);
   void makeCommands();
   [[nodiscard]] StatusReport status() const;

@@ -3,6 +3,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/StoreLocation.h"
+#include "app/commands/CommandLine.h"
 #include "app/commands/OfflineServices.h"
 #include "context/GitQueue.h"
 #include "effects/Symbols.h"
@@ -33,7 +34,7 @@ QStringList wordsOf(int argc, char** argv) {
 }
 
 Start startOf(const QStringList& words) {
-  const bool isProgram = words.isEmpty() || words == QStringList{QStringLiteral("--background")};
+  const bool isProgram = words.isEmpty() || words == QStringList{QStringLiteral("--background")} || words[0] == u"--open";
   return isProgram ? Start::Program : Start::Command;
 }
 
@@ -43,7 +44,7 @@ void print(const CommandReply& reply) {
 }
 
 QByteArray readInput(const QStringList& words) {
-  if (words.value(0) != u"add" || !words.contains(QStringLiteral("-"))) return {};
+  if ((words.value(0) != u"add" && words.value(0) != u"import") || !words.contains(QStringLiteral("-"))) return {};
   QFile input;
   return input.open(stdin, QIODevice::ReadOnly) ? input.readAll() : QByteArray();
 }
@@ -100,13 +101,16 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
   handlers.command = [&delegate](const CommandCall& call) { return delegate.runCommand(call); };
   handlers.reopen = [&delegate] { delegate.applicationShouldHandleReopen(); };
   handlers.action = [&delegate](const QString& action) { delegate.runAction(action); };
+  handlers.open = [&delegate](const QStringList& uris) { delegate.openFiles(uris); };
   handlers.sessionEnds = end;
   if (ports.instance().acquire(std::move(handlers)) == InstanceRole::Second) {
     // Another one was quicker. A start by hand is the reopen event for it.
     if (words.isEmpty()) return ports.instance().forward({}).exitStatus;
+    if (words[0] == u"--open") return ports.instance().forward({words, {}, QDir::currentPath()}).exitStatus;
     return 0;
   }
   delegate.applicationDidFinishLaunching();
+  if (words.size() > 1) delegate.openFiles(filesOf(words.mid(1), QDir::currentPath()));
   const int status = QApplication::exec();
   delegate.applicationWillTerminate();
   return status;

@@ -58,9 +58,10 @@ bool writeAll(int descriptor, const std::string& bytes) {
   return true;
 }
 
-// "-" among the words of add stands for standard input; nothing else reads it.
+// "-" among the words of add and import stands for standard input; nothing else reads it.
 bool readsInput(const std::vector<std::string>& words) {
-  return !words.empty() && words.front() == "add" && std::find(words.begin(), words.end(), "-") != words.end();
+  const bool canRead = !words.empty() && (words.front() == "add" || words.front() == "import");
+  return canRead && std::find(words.begin(), words.end(), "-") != words.end();
 }
 
 }  // namespace
@@ -81,7 +82,7 @@ int main(int argc, char** argv) {
   BusClient bus;
   if (bus.runningStorePath() != tarnwick::client::storePath()) return becomeDesktop(argv);
 
-  if (words.empty()) return bus.activate() ? 0 : 1;
+  if (words.empty() || (words.size() == 1 && words.front() == "--open")) return bus.activate() ? 0 : 1;
   if (words.size() == 1 && words.front() == "--background") return 0;
 
   std::string input;

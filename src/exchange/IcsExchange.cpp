@@ -153,6 +153,13 @@ class Todo {
     const auto found = m_properties.constFind(name);
     return found == m_properties.constEnd() ? std::nullopt : momentOf(*found, calendar);
   }
+  /// A note has one board; a to-do may have several categories.
+  [[nodiscard]] QString firstCategory() const {
+    const auto value = m_properties.value(u"CATEGORIES"_s).value;
+    qsizetype end = 0;
+    while (end < value.size() && value[end] != u',') end += value[end] == u'\\' ? 2 : 1;
+    return ics::unescaped(value.left(end)).trimmed();
+  }
   [[nodiscard]] bool isCompleted() const {
     return text(u"STATUS"_s).toUpper() == "COMPLETED"_L1 ||
            (!m_properties.contains(u"STATUS"_s) && m_properties.contains(u"COMPLETED"_s));
@@ -191,6 +198,12 @@ class Todo {
     if (record.dueDate) record.recurrenceRaw = rawValue(recurrenceOf(text(u"RRULE"_s), calendar));
     record.isCompleted = isCompleted();
     if (record.isCompleted) record.completedAt = moment(u"COMPLETED"_s, calendar).value_or(now);
+    // Given up there is ashes here: out of sight, and it can be revived.
+    if (text(u"STATUS"_s).toUpper() == "CANCELLED"_L1) {
+      record.isBurned = true;
+      record.burnedAt = moment(u"LAST-MODIFIED"_s, calendar).value_or(now);
+    }
+    if (const auto board = firstCategory(); !board.isEmpty()) record.boardRaw = board;
     if (const auto visibility = text(u"CLASS"_s).toUpper(); !visibility.isEmpty() && visibility != "PUBLIC"_L1)
       record.isPrivate = true;
     return std::optional(record);

@@ -30,6 +30,7 @@ struct InstanceHandlers {
   std::function<CommandReply(const CommandCall&)> command;
   std::function<void()> reopen;                         // Activate
   std::function<void(const QString& action)> action;    // "toggle-board", "new-note", "settings"
+  std::function<void(const QStringList& uris)> open;    // files that a file manager hands over
   std::function<void()> sessionEnds;                    // the session manager or a signal asks to quit
 };
 

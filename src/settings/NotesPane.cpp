@@ -44,6 +44,7 @@ NotesPane::NotesPane(const SettingsServices& services, QWidget* parent) : Settin
               {tr("Tuck into a tab"), tr("Notes pinned to an app dock to its window as a small tab. Hover to open.")});
   addPrivacy();
   addPaper();
+  addImport();
   column().addStretch();
 }
 
@@ -146,6 +147,16 @@ void NotesPane::addPaper() {
   addPicker(tr("New note texture"), keys::kDefaultPaperTheme, std::move(themes));
   addPicker(tr("When you complete a note"), keys::kCompletionEffect,
             {{kCrush, tr("Crush into Trash"), paintCrushPicture}, {kShred, tr("Shred"), paintShredPicture}});
+}
+
+void NotesPane::addImport() {
+  addHeading(tr("Other notes"));
+  auto* group = addGroup();
+  auto* row = new SettingsRow(tr("Import notes"), tr("From a file, a calendar, or another notes program."), group);
+  auto* button = new PlateButton(tr("Import…"), row);
+  connect(button, &QPushButton::clicked, this, &NotesPane::importRequested);
+  row->setControl(button, PlateButton::kRingRoom);
+  group->addRow(row);
 }
 
 }  // namespace tarnwick

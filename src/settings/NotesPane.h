@@ -14,6 +14,10 @@ class NotesPane final : public SettingsPane {
  public:
   NotesPane(const SettingsServices& services, QWidget* parent);
 
+ Q_SIGNALS:
+  /// Notes are to be brought in from elsewhere.
+  void importRequested();
+
  protected:
   void showEvent(QShowEvent* event) override;
 
@@ -22,6 +26,7 @@ class NotesPane final : public SettingsPane {
   void addModes(SettingsGroup& group);
   void addPrivacy();
   void addPaper();
+  void addImport();
   /// What the desktop can keep out of captures may change while the program runs.
   void refreshExclusion();
 

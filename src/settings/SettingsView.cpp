@@ -79,8 +79,9 @@ SettingsView::SettingsView(const SettingsServices& services, QWidget* parent)
   content.tabs->addPane(u"speaker"_s, tr("Sound"));
   content.tabs->addPane(u"info"_s, tr("About"));
   content.tabs->setAccessibleName(tr("Settings panes"));
-  content.panes = {new GeneralPane(services, this), new NotesPane(services, this), new SoundPane(services, this),
-                   new AboutPane(services, this)};
+  auto* notes = new NotesPane(services, this);
+  connect(notes, &NotesPane::importRequested, this, &SettingsView::importRequested);
+  content.panes = {new GeneralPane(services, this), notes, new SoundPane(services, this), new AboutPane(services, this)};
 
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);

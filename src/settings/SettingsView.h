@@ -43,6 +43,10 @@ class SettingsView final : public QWidget {
   void selectPane(Pane pane);
   [[nodiscard]] Pane pane() const;
 
+ Q_SIGNALS:
+  /// Notes are to be brought in from elsewhere.
+  void importRequested();
+
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

@@ -26,6 +26,7 @@ class CommandDesk : public testing::Test {
       environment.running = RunningProgram{[this] { calls << QStringLiteral("toggle"); },
                                            [this] { calls << QStringLiteral("board"); },
                                            [this] { calls << QStringLiteral("new"); },
+                                           [this](const QStringList& paths) { calls << paths; },
                                            [this] { calls << QStringLiteral("quit"); }, [this] { return status; }};
     }
     return CommandRunner(std::move(environment)).run({words, input, folder});

@@ -372,8 +372,8 @@ TEST_F(NoteCommands, exportAndImportFailWithoutATrace) {
   desk.add(u"a"_s);
   done({u"export"_s, u"--output"_s, u"good"_s});
   EXPECT_TRUE(fails(1, {u"export"_s, u"--output"_s, u"no/such/folder/x"_s}).startsWith(u"no/such/folder/x could not"));
-  EXPECT_TRUE(fails(1, {u"import"_s, u"missing"_s}).startsWith(u"missing could not be read"));
-  EXPECT_TRUE(fails(1, {u"import"_s, u"."_s}).startsWith(u". could not be read"));
+  EXPECT_TRUE(fails(1, {u"import"_s, u"missing"_s}).startsWith(u"missing: there is no"));
+  EXPECT_TRUE(fails(1, {u"import"_s, u"."_s}).startsWith(u".: the folder holds no notes"));
   QFile bad(desk.folder.filePath(u"bad"_s));
   ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
   bad.write("{\"tarnwick\": 1, \"tasks\": [{\"id\": 7}]}");
@@ -383,6 +383,17 @@ TEST_F(NoteCommands, exportAndImportFailWithoutATrace) {
   ASSERT_TRUE(desk.notes().save().isOk());
   desk.refuseWrites();
   fails(1, {u"import"_s, u"good"_s});
+}
+
+TEST_F(NoteCommands, importReadsStandardInputAndPreviewsWithoutWriting) {
+  const QByteArray list = "## Home\n\n- [ ] water the plants\n- [x] pay\n";
+  const QString told = done({u"import"_s, u"--preview"_s, u"-"_s}, list);
+  EXPECT_TRUE(told.startsWith(u"From Markdown: 2 notes, 2 of them new\nDone: 1\n"_s)) << told.toStdString();
+  EXPECT_TRUE(desk.notes().fetchTasks().empty());
+  EXPECT_EQ(done({u"import"_s, u"-"_s}, list), u"imported 2, skipped 0\n");
+  EXPECT_EQ(done({u"import"_s, u"-"_s}, list), u"imported 0, skipped 2\n");
+  fails(1, {u"import"_s, u"-"_s}, "nothing of the kind");
+  fails(2, {u"import"_s, u"-"_s}, "- [ ] \xff");
 }
 
 TEST_F(NoteCommands, sayWhyTheStoreCannotBeUsed) {

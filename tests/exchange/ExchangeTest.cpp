@@ -5,6 +5,8 @@
 
 #include <QRandomGenerator>
 
+#include <algorithm>
+
 namespace tarnwick::test {
 namespace {
 
@@ -36,6 +38,60 @@ TEST(Exchange, whatOneStoreWroteAnotherTakesOnce) {
     EXPECT_EQ(second.value().skipped, 30);
     EXPECT_EQ(contentOf(*target).value().tasks, contentOf(*source).value().tasks);
     EXPECT_EQ(target->clipboardItems().value().size(), format == ExchangeFormat::Json ? 1U : 0U);
+  }
+}
+
+/// Any values that a store may hold, from a seed.
+TaskRecord randomNote(QRandomGenerator& random) {
+  const auto texts = awkwardTexts();
+  auto record = fullNote();
+  QByteArray bytes(16, '\0');
+  for (auto& byte : bytes) byte = static_cast<char>(random.bounded(256));
+  record.id = QUuid::fromRfc4122(bytes);
+  record.text = texts[random.bounded(static_cast<int>(texts.size()))] + QString::number(random.bounded(1000));
+  record.createdAt = utc("2000-01-01T00:00:00").addMSecs(random.bounded(1'000'000'000) * 1000LL + random.bounded(1000));
+  const auto maybe = [&random](auto& field) {
+    if (random.bounded(2) == 0) field.reset();
+  };
+  record.dueDate = random.bounded(3) == 0 ? berlin().startOfDay(record.createdAt.date()) : record.createdAt.addSecs(random.bounded(1 << 20));
+  record.recurrenceRaw = random.bounded(8) == 0 ? u"fortnightly"_s : rawValue(kRecurrences.at(random.bounded(6U)));
+  record.isCompleted = random.bounded(2) == 0;
+  maybe(record.dueDate);
+  maybe(record.isBurned);
+  maybe(record.burnedAt);
+  if (record.isCompleted) maybe(record.completedAt);
+  if (!record.isCompleted) record.completedAt.reset();
+  maybe(record.tagRaw);
+  maybe(record.pinnedBundleID);
+  maybe(record.gitRepoPath);
+  maybe(record.gitBranch);
+  maybe(record.paperThemeRaw);
+  maybe(record.stampRaw);
+  maybe(record.isTornOff);
+  maybe(record.boardRaw);
+  maybe(record.isDaily3);
+  maybe(record.isNorthStar);
+  maybe(record.attachmentPathsRaw);
+  maybe(record.focusSeconds);
+  maybe(record.isPrivate);
+  return record;
+}
+
+TEST(Exchange, aThousandRandomNotesComeBackFieldByField) {
+  QRandomGenerator random(20261122);
+  NoteExport content;
+  for (int i = 0; i < 1000; ++i) content.tasks.push_back(randomNote(random));
+  for (const auto format : kFormats) {
+    SCOPED_TRACE(static_cast<int>(format));
+    auto read = readExport(writeExport(content, format, berlin()), berlin(), importTime());
+    ASSERT_TRUE(read) << read.error().text.toStdString();
+    ASSERT_EQ(read.value().tasks.size(), content.tasks.size());
+    auto expected = content.tasks;
+    // Markdown is laid out by board.
+    const auto byId = [](const TaskRecord& a, const TaskRecord& b) { return a.id < b.id; };
+    std::ranges::sort(expected, byId);
+    std::ranges::sort(read.value().tasks, byId);
+    for (std::size_t i = 0; i < expected.size(); ++i) ASSERT_EQ(read.value().tasks[i], expected[i]);
   }
 }
 

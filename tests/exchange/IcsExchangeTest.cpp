@@ -94,12 +94,15 @@ TEST(IcsExchange, takesWhatAnotherProgramChanged) {
 TEST(IcsExchange, takesAToDoOfAnotherProgram) {
   const auto task = onlyNote(
       "UID:abc@example.org\r\nSUMMARY:Pay\\, now\r\nDESCRIPTION:the re\r\n nt\r\nCREATED:20260101T000000Z\r\n"
-      "DUE;VALUE=DATE:20260401\r\nCLASS:CONFIDENTIAL\r\nBEGIN:VALARM\r\nDESCRIPTION:Reminder\r\nTRIGGER:-PT15M\r\n"
+      "CATEGORIES:Home\\, inside,Garden\r\nDUE;VALUE=DATE:20260401\r\nCLASS:CONFIDENTIAL\r\nBEGIN:VALARM\r\nDESCRIPTION:Reminder\r\nTRIGGER:-PT15M\r\n"
       "END:VALARM");
   EXPECT_EQ(task.text, u"Pay, now\nthe rent"_s);
   EXPECT_EQ(task.createdAt, utc("2026-01-01T00:00:00"));
   EXPECT_EQ(task.dueDate, utc("2026-03-31T22:00:00"));
   EXPECT_EQ(task.isPrivate, true);
+  EXPECT_EQ(task.boardRaw, u"Home, inside"_s);
+  EXPECT_EQ(task.isBurned, std::nullopt);
+  EXPECT_EQ(onlyNote("SUMMARY:x\r\nSTATUS:CANCELLED").isBurned, true);
   EXPECT_EQ(task.recurrenceRaw, u"none"_s);
   EXPECT_EQ(onlyNote("UID:abc@example.org\r\nSUMMARY:Other words").id, task.id);
 }

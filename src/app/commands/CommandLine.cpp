@@ -2,6 +2,7 @@
 #include "app/commands/CommandLine.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -46,6 +47,10 @@ std::optional<Result<CommandLine>> withoutVerb(const QStringList& words) {
   const QString& first = words.front();
   if (first == u"--background") {
     line.verb = Verb::Background;
+  } else if (first == u"--open") {
+    line.verb = Verb::Open;
+    line.operands = words.mid(1);
+    return Result<CommandLine>(line);
   } else if (first == u"--version") {
     line.verb = Verb::Version;
   } else if (first == u"--help") {
@@ -138,6 +143,14 @@ Result<CommandLine> CommandLine::parse(const QStringList& words) {
   }
   if (auto counted = checkCounts(line, *verb); !counted) return counted.error();
   return line;
+}
+
+QStringList filesOf(const QStringList& words, const QString& workingDirectory) {
+  QStringList files;
+  for (const auto& word : words) {
+    files.append(word.startsWith(u"file:") ? word : QDir(workingDirectory).absoluteFilePath(word));
+  }
+  return files;
 }
 
 std::optional<QString> CommandLine::decode(const QByteArray& bytes) {

@@ -16,7 +16,7 @@
 namespace tarnwick {
 
 enum class Verb {
-  Start, Background, Version, Help,
+  Start, Background, Open, Version, Help,
   Toggle, Board, New, Quit, Add, Edit, List, Show, Crush, Undo, Check, Revive, Sweep, Tear, Redock, Export, Import,
   Settings, Status
 };
@@ -53,6 +53,8 @@ struct CommandLine {
   [[nodiscard]] static std::optional<QString> decode(const QByteArray& bytes);
 };
 
+/// What `--open` names, as absolute paths; URIs stay as they are.
+[[nodiscard]] QStringList filesOf(const QStringList& words, const QString& workingDirectory);
 /// All verbs, or one with its options.
 [[nodiscard]] QString helpText(const std::optional<Verb>& verb);
 

@@ -65,6 +65,9 @@ CommandReply CommandRunner::run(const CommandCall& call) {
   switch (line.verb) {
     case Verb::Start:
     case Verb::Background: return done();
+    case Verb::Open:
+      if (m_environment.running) m_environment.running->open(filesOf(line.operands, call.workingDirectory));
+      return done();
     case Verb::Version: return done("tarnwick " TARNWICK_VERSION "\n");
     case Verb::Help: return done(helpText(line.helpFor).toUtf8());
     case Verb::Toggle:

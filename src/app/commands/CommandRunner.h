@@ -25,6 +25,7 @@ struct RunningProgram {
   std::function<void()> toggle;
   std::function<void()> board;
   std::function<void()> newNote;
+  std::function<void(const QStringList& paths)> open;
   std::function<void()> quit;
   std::function<StatusReport()> status;
 };

@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 // `export` and `import`.
+#include "app/NoteImport.h"
 #include "app/commands/CommandReplies.h"
 #include "app/commands/CommandRunner.h"
-#include "board/DeskDuties.h"
-#include "board/NotificationEngine.h"
-#include "board/TornNotes.h"
 #include "exchange/Exchange.h"
+#include "exchange/ImportFile.h"
 #include "model/store/ModelContainer.h"
 #include "platform/Clock.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QSaveFile>
 
 namespace tarnwick {
@@ -19,6 +17,7 @@ namespace tarnwick {
 using namespace Qt::StringLiterals;
 using replies::done;
 using replies::failed;
+using replies::wrong;
 
 namespace {
 
@@ -49,24 +48,16 @@ CommandReply CommandRunner::exportNotes(const CommandLine& line, const CommandCa
 CommandReply CommandRunner::importNotes(const CommandLine& line, const CommandCall& call,
                                         const BoardServices& services) const {
   const QString& name = line.operands.front();
-  QFile file(pathOf(name, call));
-  if (!file.open(QIODevice::ReadOnly)) {
-    return failed(Words::tr("%1 could not be read: %2").arg(name, file.errorString()));
-  }
-  const QByteArray bytes = file.readAll();
-  if (file.error() != QFileDevice::NoError) {
-    return failed(Words::tr("%1 could not be read: %2").arg(name, file.errorString()));
-  }
-  const auto content = readExport(bytes, calendar(), services.clock.now());
-  if (!content) return failed(u"%1: %2"_s.arg(name, content.error().text));
+  const QDateTime now = services.clock.now();
+  if (name == u"-" && !CommandLine::decode(call.standardInput)) return wrong(Words::tr("standard input is not valid UTF-8 text"));
+  const auto read = name == u"-" ? readImportBytes(call.standardInput, calendar(), now)
+                                 : readImport(pathOf(name, call), calendar(), now);
+  if (!read) return failed(u"%1: %2"_s.arg(name, read.error().text));
+  const ImportContent& content = read.value();
+  if (line.has(u"--preview"_s)) return done(previewText(content, previewOf(services.container, content)).toUtf8() + '\n');
 
-  const auto count = importInto(services.container, content.value());
+  const auto count = takeIn(content.notes, services);
   if (!count) return failed(count.error().text);
-  ModelContext& context = services.container.mainContext();
-  for (const TaskRecord& record : content.value().tasks) {
-    if (const TaskPtr task = context.findTask(record.id)) services.reminders.schedule(*task);
-  }
-  if (TornNotes* const torn = services.torn ? services.torn() : nullptr) restickDueNotes(context, *torn, services.clock);
   return done(Words::tr("imported %1, skipped %2").arg(count.value().imported).arg(count.value().skipped).toUtf8() + '\n');
 }
 

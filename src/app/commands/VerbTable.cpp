@@ -89,7 +89,8 @@ const std::vector<VerbDescriptor>& verbDescriptors() {
       {Verb::Redock, u"redock"_s, u"ID"_s, 1, 1, Words::tr("put a note back on the board"), {}},
       {Verb::Export, u"export"_s, {}, 0, 0, Words::tr("write every note to standard output or a file"),
        {{u"--format"_s, u"FORMAT"_s, u"json, markdown, ics"_s}, {u"--output"_s, u"FILE"_s, Words::tr("the file to write")}}},
-      {Verb::Import, u"import"_s, u"FILE"_s, 1, 1, Words::tr("read what export wrote; notes that exist are left as they are"), {}},
+      {Verb::Import, u"import"_s, u"FILE"_s, 1, 1, Words::tr("take in an export, or the notes of another program"),
+       {{u"--preview"_s, {}, Words::tr("only tell what would be imported")}}},
       {Verb::Settings, u"settings"_s, u"[KEY [VALUE]]"_s, 0, 2, Words::tr("print all settings, print one, or set one"), {}},
       {Verb::Status, u"status"_s, {}, 0, 0, Words::tr("tell what runs now"), json},
   };
@@ -106,6 +107,7 @@ QString helpText(const std::optional<Verb>& verb) {
     text += Words::tr("Usage: tarnwick [VERB ...]") + u"\n\n"_s;
     line(u"tarnwick"_s, Words::tr("start; when it runs already, show the board"));
     line(u"tarnwick --background"_s, Words::tr("start without showing anything"));
+    line(u"tarnwick --open FILE..."_s, Words::tr("start, and show what would be imported from the files"));
     line(u"tarnwick --version"_s, Words::tr("print the version"));
     line(u"tarnwick --help"_s, Words::tr("print this help"));
     text += u'\n';

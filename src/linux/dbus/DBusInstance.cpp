@@ -39,7 +39,9 @@ void ApplicationAdaptor::Activate(const QVariantMap&) {
   if (m_instance.handlers().reopen) m_instance.handlers().reopen();
 }
 
-void ApplicationAdaptor::Open(const QStringList&, const QVariantMap& platformData) { Activate(platformData); }
+void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap&) {
+  if (m_instance.handlers().open) m_instance.handlers().open(uris);
+}
 
 void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList&, const QVariantMap&) {
   if (m_instance.handlers().action) m_instance.handlers().action(name);

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include "app/NoteImport.h"
+
+#include "board/BoardServices.h"
+#include "board/DeskDuties.h"
+#include "board/NotificationEngine.h"
+#include "board/TornNotes.h"
+#include "model/store/ModelContainer.h"
+#include "platform/Clock.h"
+
+namespace tarnwick {
+
+Result<ImportCount> takeIn(const NoteExport& notes, const BoardServices& services) {
+  auto count = importInto(services.container, notes);
+  if (!count) return count;
+  ModelContext& context = services.container.mainContext();
+  for (const TaskRecord& record : notes.tasks) {
+    if (const TaskPtr task = context.findTask(record.id)) services.reminders.schedule(*task);
+  }
+  if (TornNotes* const torn = services.torn ? services.torn() : nullptr) restickDueNotes(context, *torn, services.clock);
+  return count;
+}
+
+}  // namespace tarnwick

@@ -17,6 +17,7 @@
 #include <QDir>
 #include <QFile>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QTranslator>
 
 #include <cstdio>
@@ -54,6 +55,18 @@ void nameApplication() {
   QCoreApplication::setApplicationVersion(QStringLiteral(TARNWICK_VERSION));
 }
 
+/// English is what the program is written in; other languages lie among its resources.
+void installTranslations(QCoreApplication& application) {
+  const std::pair<QString, QString> sources[] = {
+      {QStringLiteral("tarnwick"), QStringLiteral(":/translations")},
+      {QStringLiteral("qtbase"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)},
+  };
+  for (const auto& [name, folder] : sources) {
+    auto* translator = new QTranslator(&application);
+    if (translator->load(QLocale(), name, QStringLiteral("_"), folder)) QCoreApplication::installTranslator(translator);
+  }
+}
+
 // Everything is painted by ourselves: the desktop's theme plug-in would cost tens of milliseconds and megabytes.
 // In a Wayland session windows keep their place and level only through XWayland.
 void choosePlatform() {
@@ -85,6 +98,7 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
   // Programs that are opened from here have a theme of their own.
   qunsetenv("QT_QPA_PLATFORMTHEME");
   nameApplication();
+  installTranslations(application);
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick"));
   QGuiApplication::setDesktopFileName(kApplicationID);
   QApplication::setQuitOnLastWindowClosed(false);
@@ -119,6 +133,7 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
 int runCommand(int& argc, char** argv, const QStringList& words) {
   QCoreApplication application(argc, argv);
   nameApplication();
+  installTranslations(application);
   SystemClock clock;
   QtScheduler scheduler(clock);
   GitQueue git(scheduler);

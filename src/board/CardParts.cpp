@@ -195,7 +195,7 @@ QColor CardParts::tagColor(TaskTag tag) {
 }
 
 QString CardParts::tagName(TaskTag tag) {
-  const auto tr = [](const char* text) { return QCoreApplication::translate("CardParts", text); };
+  const auto tr = [](const char* text) { return QCoreApplication::translate("tarnwick::CardParts", text); };
   switch (tag) {
     case TaskTag::none:
       return tr("No tag");

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/Exchange.h"
 
+#include "exchange/ExchangeWords.h"
 #include "exchange/IcsExchange.h"
 #include "exchange/JsonExchange.h"
 #include "exchange/MarkdownExchange.h"
 #include "model/store/ModelContainer.h"
 
-#include <QCoreApplication>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -41,7 +41,7 @@ Result<NoteExport> readExport(const QByteArray& bytes, const Calendar& calendar,
   QStringDecoder decoder(QStringDecoder::Utf8);
   const QString text = decoder(body);
   if (decoder.hasError())
-    return Error{ErrorKind::Damaged, QCoreApplication::translate("Exchange", "the file is no UTF-8 text")};
+    return Error{ErrorKind::Damaged, ExchangeWords::tr("the file is no UTF-8 text")};
 
   const auto start = text.left(4096).trimmed();
   if (start.startsWith(u'{') || start.startsWith(u'[')) return JsonExchange::read(body, calendar);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/ForeignText.h"
 
+#include "exchange/ExchangeWords.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QStringDecoder>
@@ -9,10 +11,10 @@ namespace tarnwick {
 
 Result<QByteArray> readForeignBytes(const QString& path) {
   const QFileInfo info(path);
-  if (!info.exists()) return Error{ErrorKind::NotFound, foreignTr("there is no such file")};
+  if (!info.exists()) return Error{ErrorKind::NotFound, ExchangeWords::tr("there is no such file")};
   // A pipe or a device could keep its reader waiting for ever.
-  if (!info.isFile()) return Error{ErrorKind::Refused, foreignTr("it is no regular file")};
-  if (info.size() > kLargestImport) return Error{ErrorKind::Refused, foreignTr("it is too large to be a file of notes")};
+  if (!info.isFile()) return Error{ErrorKind::Refused, ExchangeWords::tr("it is no regular file")};
+  if (info.size() > kLargestImport) return Error{ErrorKind::Refused, ExchangeWords::tr("it is too large to be a file of notes")};
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return Error{ErrorKind::NotPermitted, file.errorString()};
   auto bytes = file.read(kLargestImport);
@@ -30,15 +32,15 @@ std::optional<QString> readForeignText(const QString& path) {
 }
 
 Error noForeignNotes(const QStringList& unreadable) {
-  if (unreadable.isEmpty()) return {ErrorKind::NotFound, foreignTr("it holds no notes")};
-  return {ErrorKind::Damaged, foreignTr("none of its notes can be read: %1").arg(unreadable.first(qMin(3, unreadable.size())).join(QStringLiteral(", ")))};
+  if (unreadable.isEmpty()) return {ErrorKind::NotFound, ExchangeWords::tr("it holds no notes")};
+  return {ErrorKind::Damaged, ExchangeWords::tr("none of its notes can be read: %1").arg(unreadable.first(qMin(3, unreadable.size())).join(QStringLiteral(", ")))};
 }
 
 void appendUnreadable(const QStringList& unreadable, QStringList& leftBehind) {
   if (unreadable.isEmpty()) return;
   auto names = unreadable.first(qMin(3, unreadable.size()));
   if (names.size() < unreadable.size()) names.append(QStringLiteral("…"));
-  leftBehind.append(foreignTr("what cannot be read (%1): %2").arg(unreadable.size()).arg(names.join(QStringLiteral(", "))));
+  leftBehind.append(ExchangeWords::tr("what cannot be read (%1): %2").arg(unreadable.size()).arg(names.join(QStringLiteral(", "))));
 }
 
 }  // namespace tarnwick

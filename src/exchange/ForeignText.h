@@ -4,7 +4,7 @@
 
 #include "platform/Result.h"
 
-#include <QCoreApplication>
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -22,6 +22,5 @@ inline constexpr qint64 kLargestImport = 256LL * 1024 * 1024;
 [[nodiscard]] Error noForeignNotes(const QStringList& unreadable);
 /// A phrase for the entries that could not be read, when there are some.
 void appendUnreadable(const QStringList& unreadable, QStringList& leftBehind);
-[[nodiscard]] inline QString foreignTr(const char* text) { return QCoreApplication::translate("Exchange", text); }
 
 }  // namespace tarnwick

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/IcsExchange.h"
 
+#include "exchange/ExchangeWords.h"
 #include "exchange/ForeignNote.h"
 #include "exchange/IcsText.h"
 #include "exchange/JsonRecord.h"
 
-#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QTimeZone>
 
@@ -20,10 +20,6 @@ namespace {
 
 constexpr QLatin1StringView kFacts("X-TARNWICK-NOTE");
 constexpr std::array kDayNames{"MO", "TU", "WE", "TH", "FR", "SA", "SU"};
-
-QString translated(const char* text) {
-  return QCoreApplication::translate("Exchange", text);
-}
 
 /// Nothing where four digits do not hold the year.
 std::optional<QString> utcText(const QDateTime& moment) {
@@ -170,11 +166,11 @@ class Todo {
     record.createdAt = now;
     record.text = text(u"DESCRIPTION"_s);
     const auto facts = QJsonDocument::fromJson(text(kFacts).toUtf8());
-    if (!facts.isObject()) return Error{ErrorKind::Damaged, translated("“%1” cannot be read").arg(kFacts)};
+    if (!facts.isObject()) return Error{ErrorKind::Damaged, ExchangeWords::tr("“%1” cannot be read").arg(kFacts)};
     if (const auto read = json::readObject(facts.object(), kTaskColumns, calendar, json::Fields::Some, record); !read)
       return read.error();
     record.id = QUuid::fromString(text(u"UID"_s).trimmed());
-    if (record.id.isNull()) return Error{ErrorKind::Damaged, translated("“%1” is missing").arg(u"UID"_s)};
+    if (record.id.isNull()) return Error{ErrorKind::Damaged, ExchangeWords::tr("“%1” is missing").arg(u"UID"_s)};
     // Where another program has changed what it knows of, that holds. The format counts whole seconds.
     const auto due = moment(u"DUE"_s, calendar);
     if (due && (!record.dueDate || wholeSeconds(*record.dueDate) != *due)) record.dueDate = due;
@@ -234,18 +230,18 @@ Result<std::vector<TaskRecord>> IcsExchange::read(const QByteArray& bytes, const
     } else if (property.name == "END"_L1) {
       const auto name = property.value.trimmed().toUpper();
       if (open.isEmpty() || open.takeLast() != name)
-        return Error{ErrorKind::Damaged, translated("“END:%1” has no beginning").arg(name)};
+        return Error{ErrorKind::Damaged, ExchangeWords::tr("“END:%1” has no beginning").arg(name)};
       if (name != "VTODO"_L1 || !current) continue;
       ++number;
       auto read = current->record(calendar, now);
       current.reset();
-      if (!read) return Error{ErrorKind::Damaged, translated("to-do %1: %2").arg(number).arg(read.error().text)};
+      if (!read) return Error{ErrorKind::Damaged, ExchangeWords::tr("to-do %1: %2").arg(number).arg(read.error().text)};
       if (read.value()) tasks.push_back(*read.take());
     } else if (current && !open.isEmpty() && open.last() == "VTODO"_L1) {
       current->add(property);
     }
   }
-  if (!open.isEmpty()) return Error{ErrorKind::Damaged, translated("the file ends inside “%1”").arg(open.last())};
+  if (!open.isEmpty()) return Error{ErrorKind::Damaged, ExchangeWords::tr("the file ends inside “%1”").arg(open.last())};
   return tasks;
 }
 

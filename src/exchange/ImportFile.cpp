@@ -2,6 +2,7 @@
 #include "exchange/ImportFile.h"
 
 #include "exchange/Exchange.h"
+#include "exchange/ExchangeWords.h"
 #include "exchange/ForeignText.h"
 #include "exchange/PlumStore.h"
 #include "exchange/StickyStore.h"
@@ -29,8 +30,8 @@ bool isJson(const QByteArray& bytes) {
 }
 
 QString formatName(const QByteArray& bytes) {
-  if (isJson(bytes)) return foreignTr("Tarnwick");
-  return bytes.left(4096).toUpper().contains("BEGIN:VCALENDAR") ? foreignTr("Calendar") : foreignTr("Markdown");
+  if (isJson(bytes)) return ExchangeWords::tr("Tarnwick");
+  return bytes.left(4096).toUpper().contains("BEGIN:VCALENDAR") ? ExchangeWords::tr("Calendar") : ExchangeWords::tr("Markdown");
 }
 
 Result<ImportContent> readBytes(const QByteArray& bytes, const QString& name, const Calendar& calendar,
@@ -51,7 +52,7 @@ Result<ImportContent> readFolder(const QDir& folder, const Calendar& calendar, c
   for (const auto& name : {kPlumName, kStickyName}) {
     if (folder.exists(name)) return readImport(folder.filePath(name), calendar, now);
   }
-  return Error{ErrorKind::NotFound, foreignTr("the folder holds no notes of a program that is known here")};
+  return Error{ErrorKind::NotFound, ExchangeWords::tr("the folder holds no notes of a program that is known here")};
 }
 
 }  // namespace
@@ -69,7 +70,7 @@ Result<ImportContent> readImport(const QString& path, const Calendar& calendar, 
 }
 
 Result<ImportContent> readImportBytes(const QByteArray& bytes, const Calendar& calendar, const QDateTime& now) {
-  if (PlumStore::isOne(bytes)) return Error{ErrorKind::Refused, foreignTr("a database can only be read from its file")};
+  if (PlumStore::isOne(bytes)) return Error{ErrorKind::Refused, ExchangeWords::tr("a database can only be read from its file")};
   return readBytes(bytes, QString(), calendar, now);
 }
 
@@ -87,11 +88,11 @@ ImportPreview previewOf(ModelContainer& container, const ImportContent& content)
 }
 
 QString previewText(const ImportContent& content, const ImportPreview& preview) {
-  QStringList lines{foreignTr("From %1: %2 notes, %3 of them new").arg(content.origin).arg(preview.notes).arg(preview.notes - preview.existing)};
-  if (preview.existing > 0) lines.append(foreignTr("Here already, and left as they are: %1").arg(preview.existing));
-  if (preview.completed > 0) lines.append(foreignTr("Done: %1").arg(preview.completed));
-  if (preview.dated > 0) lines.append(foreignTr("With a date: %1").arg(preview.dated));
-  if (!content.leftBehind.isEmpty()) lines.append(foreignTr("Stays behind: %1").arg(content.leftBehind.join(u"; "_s)));
+  QStringList lines{ExchangeWords::tr("From %1: %2 notes, %3 of them new").arg(content.origin).arg(preview.notes).arg(preview.notes - preview.existing)};
+  if (preview.existing > 0) lines.append(ExchangeWords::tr("Here already, and left as they are: %1").arg(preview.existing));
+  if (preview.completed > 0) lines.append(ExchangeWords::tr("Done: %1").arg(preview.completed));
+  if (preview.dated > 0) lines.append(ExchangeWords::tr("With a date: %1").arg(preview.dated));
+  if (!content.leftBehind.isEmpty()) lines.append(ExchangeWords::tr("Stays behind: %1").arg(content.leftBehind.join(u"; "_s)));
   return lines.join(u'\n');
 }
 

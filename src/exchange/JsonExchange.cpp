@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/JsonExchange.h"
 
+#include "exchange/ExchangeWords.h"
 #include "exchange/JsonRecord.h"
 
-#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -14,10 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kVersion = 1;
-
-QString translated(const char* text) {
-  return QCoreApplication::translate("Exchange", text);
-}
 
 Error damaged(const QString& text) {
   return {ErrorKind::Damaged, text};
@@ -35,10 +31,10 @@ QString array(const Columns& columns, const std::vector<Record>& records, const 
 template <typename Columns, typename Record>
 Result<void> readArray(const QJsonValue& value, const QString& name, const Columns& columns, const Calendar& calendar,
                        std::vector<Record>& records) {
-  if (!value.isArray()) return damaged(translated("“%1” is no list").arg(name));
+  if (!value.isArray()) return damaged(ExchangeWords::tr("“%1” is no list").arg(name));
   for (const auto& element : value.toArray()) {
     const auto where = u"%1[%2]"_s.arg(name).arg(records.size());
-    if (!element.isObject()) return damaged(translated("%1 is no object").arg(where));
+    if (!element.isObject()) return damaged(ExchangeWords::tr("%1 is no object").arg(where));
     auto& record = records.emplace_back();
     const auto read = json::readObject(element.toObject(), columns, calendar, json::Fields::All, record);
     if (!read) return damaged(where + u": "_s + read.error().text);
@@ -67,7 +63,7 @@ Result<NoteExport> JsonExchange::read(const QByteArray& bytes, const Calendar& c
   QJsonParseError error;
   const auto document = QJsonDocument::fromJson(bytes, &error);
   if (error.error != QJsonParseError::NoError)
-    return damaged(translated("the file is no JSON: %1 at byte %2").arg(error.errorString()).arg(error.offset));
+    return damaged(ExchangeWords::tr("the file is no JSON: %1 at byte %2").arg(error.errorString()).arg(error.offset));
 
   NoteExport content;
   if (document.isArray()) {
@@ -77,10 +73,10 @@ Result<NoteExport> JsonExchange::read(const QByteArray& bytes, const Calendar& c
   }
   const auto root = document.object();
   const auto version = root.value("tarnwick"_L1);
-  if (!version.isDouble()) return damaged(translated("the file is no export of Tarnwick"));
+  if (!version.isDouble()) return damaged(ExchangeWords::tr("the file is no export of Tarnwick"));
   if (version.toInteger(0) > kVersion)
-    return Error{ErrorKind::NewerSchema, translated("the file was written by a newer version of Tarnwick")};
-  if (version.toInteger(0) != kVersion) return damaged(translated("the file is no export of Tarnwick"));
+    return Error{ErrorKind::NewerSchema, ExchangeWords::tr("the file was written by a newer version of Tarnwick")};
+  if (version.toInteger(0) != kVersion) return damaged(ExchangeWords::tr("the file is no export of Tarnwick"));
   const auto tasks = readArray(root.value("tasks"_L1), u"tasks"_s, kTaskColumns, calendar, content.tasks);
   if (!tasks) return tasks.error();
   if (!root.contains("clipboardItems"_L1)) return content;

@@ -2,11 +2,11 @@
 // Records as JSON objects, from the column descriptors: keys are field names in their order, absent fields left out.
 #pragma once
 
+#include "exchange/ExchangeWords.h"
 #include "exchange/JsonValue.h"
 #include "model/store/TaskColumns.h"
 #include "platform/Result.h"
 
-#include <QCoreApplication>
 #include <QJsonObject>
 #include <QStringList>
 
@@ -54,7 +54,7 @@ template <typename Columns, typename Record>
     if (value.isUndefined() || value.isNull()) {
       if (column.isOptional() || fields == Fields::Some) continue;
       return Error{ErrorKind::Damaged,
-                   QCoreApplication::translate("Exchange", "“%1” is missing").arg(QString(column.name))};
+                   ExchangeWords::tr("“%1” is missing").arg(QString(column.name))};
     }
     const bool isRead = std::visit(
         [&](auto member) {
@@ -67,9 +67,8 @@ template <typename Columns, typename Record>
         },
         column.field);
     if (!isRead) {
-      return Error{
-          ErrorKind::Damaged,
-          QCoreApplication::translate("Exchange", "“%1” has a value that does not fit").arg(QString(column.name))};
+      return Error{ErrorKind::Damaged,
+                   ExchangeWords::tr("“%1” has a value that does not fit").arg(QString(column.name))};
     }
   }
   return {};

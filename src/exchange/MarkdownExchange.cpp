@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/MarkdownExchange.h"
 
+#include "exchange/ExchangeWords.h"
 #include "exchange/ForeignNote.h"
 #include "exchange/JsonRecord.h"
 
-#include <QCoreApplication>
 #include <QJsonDocument>
 
 #include <map>
@@ -21,10 +21,6 @@ constexpr QLatin1StringView kIndentation("  ");
 constexpr QLatin1StringView kCommentBegin("  <!-- tarnwick ");
 constexpr QLatin1StringView kCommentEnd(" -->");
 constexpr QLatin1StringView kDue("  *Due ");
-
-QString translated(const char* text) {
-  return QCoreApplication::translate("Exchange", text);
-}
 
 /// What a text line could be taken for once it is indented: a comment of ours. A backslash keeps them apart.
 bool looksLikeComment(QStringView line) {
@@ -111,11 +107,11 @@ class Reader {
       ++number;
       if (line.startsWith(kTitle)) isOurs = true;
       if (const auto taken = take(line); !taken) {
-        return Error{ErrorKind::Damaged, translated("line %1: %2").arg(number).arg(taken.error().text)};
+        return Error{ErrorKind::Damaged, ExchangeWords::tr("line %1: %2").arg(number).arg(taken.error().text)};
       }
     }
     finishForeign();
-    if (m_tasks.empty() && !isOurs) return Error{ErrorKind::NotFound, translated("the file holds no notes")};
+    if (m_tasks.empty() && !isOurs) return Error{ErrorKind::NotFound, ExchangeWords::tr("the file holds no notes")};
     return std::move(m_tasks);
   }
 
@@ -147,12 +143,12 @@ class Reader {
     QJsonParseError error;
     const auto document = QJsonDocument::fromJson(facts.toUtf8(), &error);
     if (error.error != QJsonParseError::NoError || !document.isObject())
-      return Error{ErrorKind::Damaged, translated("the comment behind the note cannot be read")};
+      return Error{ErrorKind::Damaged, ExchangeWords::tr("the comment behind the note cannot be read")};
     TaskRecord record;
     record.createdAt = m_now;
     if (auto read = json::readObject(document.object(), kTaskColumns, m_calendar, json::Fields::Some, record); !read)
       return read;
-    if (record.id.isNull()) return Error{ErrorKind::Damaged, translated("“%1” is missing").arg(u"id"_s)};
+    if (record.id.isNull()) return Error{ErrorKind::Damaged, ExchangeWords::tr("“%1” is missing").arg(u"id"_s)};
     if (record.dueDate && lines.size() > 1 && lines.last().startsWith(kDue)) lines.removeLast();
     if (!document.object().contains("text"_L1)) record.text = textOf(lines);
     record.isCompleted = m_isDone;

@@ -2,6 +2,7 @@
 #include "exchange/PlumStore.h"
 
 #include "exchange/ForeignNote.h"
+#include "exchange/ExchangeWords.h"
 #include "exchange/ForeignText.h"
 #include "model/store/SqliteConnection.h"
 
@@ -82,16 +83,16 @@ Result<ImportContent> PlumStore::read(const QString& path, const QDateTime& now)
   const auto copy = folder.filePath(u"plum.sqlite"_s);
   if (const auto copied = copyTo(path, copy); !copied) return copied.error();
   auto opened = SqliteConnection::open(copy, SqliteConnection::Creation::MustExist);
-  if (!opened) return damaged(foreignTr("the database cannot be opened"));
+  if (!opened) return damaged(ExchangeWords::tr("the database cannot be opened"));
   const auto& database = opened.value();
   sqlite3_db_config(database.handle(), SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   const auto tables = database.integer("SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = 'Note'");
-  if (!tables) return damaged(foreignTr("the database is damaged"));
-  if (*tables == 0) return damaged(foreignTr("the database holds no table of sticky notes"));
+  if (!tables) return damaged(ExchangeWords::tr("the database is damaged"));
+  if (*tables == 0) return damaged(ExchangeWords::tr("the database holds no table of sticky notes"));
 
   ImportContent content{u"Windows Sticky Notes"_s, {}, {}};
   auto rows = database.prepare("SELECT Id, Text, Theme, CreatedAt, DeletedAt FROM Note");
-  if (!rows.isValid()) return damaged(foreignTr("the database holds no table of sticky notes"));
+  if (!rows.isValid()) return damaged(ExchangeWords::tr("the database holds no table of sticky notes"));
   bool hasStyles = false;
   int code = rows.step();
   for (; code == SQLITE_ROW; code = rows.step()) {
@@ -104,10 +105,10 @@ Result<ImportContent> PlumStore::read(const QString& path, const QDateTime& now)
     record.colorHex = papers().value(textAt(rows, 2), record.colorHex);
     content.notes.tasks.push_back(std::move(record));
   }
-  if (code != SQLITE_DONE) return damaged(foreignTr("the database is damaged"));
+  if (code != SQLITE_DONE) return damaged(ExchangeWords::tr("the database is damaged"));
   if (content.notes.tasks.empty()) return noForeignNotes({});
-  content.leftBehind.append(foreignTr("pictures, and places and sizes of windows"));
-  if (hasStyles) content.leftBehind.append(foreignTr("text styles"));
+  content.leftBehind.append(ExchangeWords::tr("pictures, and places and sizes of windows"));
+  if (hasStyles) content.leftBehind.append(ExchangeWords::tr("text styles"));
   return content;
 }
 

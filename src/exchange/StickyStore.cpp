@@ -2,6 +2,7 @@
 #include "exchange/StickyStore.h"
 
 #include "exchange/ForeignNote.h"
+#include "exchange/ExchangeWords.h"
 #include "exchange/ForeignText.h"
 #include "model/Color.h"
 
@@ -92,8 +93,8 @@ Result<ImportContent> StickyStore::read(const QJsonObject& root, const QDateTime
     }
   }
   if (content.notes.tasks.empty()) return noForeignNotes({});
-  content.leftBehind.append(foreignTr("places and sizes of windows"));
-  if (hasStyles) content.leftBehind.append(foreignTr("text styles"));
+  content.leftBehind.append(ExchangeWords::tr("places and sizes of windows"));
+  if (hasStyles) content.leftBehind.append(ExchangeWords::tr("text styles"));
   return content;
 }
 

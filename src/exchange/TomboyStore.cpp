@@ -2,6 +2,7 @@
 #include "exchange/TomboyStore.h"
 
 #include "exchange/ForeignNote.h"
+#include "exchange/ExchangeWords.h"
 #include "exchange/ForeignText.h"
 
 #include <QFileInfo>
@@ -86,7 +87,7 @@ struct Entry {
 Result<Entry> entryOf(const QByteArray& bytes, const QString& name, const QDateTime& now) {
   QXmlStreamReader xml(bytes);
   if (!xml.readNextStartElement() || xml.name() != "note"_L1 || xml.namespaceUri() != kNamespace)
-    return Error{ErrorKind::Damaged, foreignTr("it is no note of Tomboy's form")};
+    return Error{ErrorKind::Damaged, ExchangeWords::tr("it is no note of Tomboy's form")};
   Entry entry;
   QString title;
   QString text;
@@ -112,7 +113,7 @@ Result<Entry> entryOf(const QByteArray& bytes, const QString& name, const QDateT
     }
   }
   if (xml.hasError())
-    return Error{ErrorKind::Damaged, foreignTr("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString())};
+    return Error{ErrorKind::Damaged, ExchangeWords::tr("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString())};
   const auto words = text.trimmed();
   entry.record = foreignNote(u"tomboy:"_s + (name.isEmpty() ? title : name), words.isEmpty() ? title : words, made.isValid() ? made : now);
   if (board && !board->trimmed().isEmpty()) entry.record.boardRaw = board->trimmed();
@@ -125,7 +126,7 @@ QString programOf(const QDir& folder) {
 }
 
 void finish(ImportContent& content, bool hasStyles) {
-  content.leftBehind.append(hasStyles ? foreignTr("text styles and links") : foreignTr("links between notes"));
+  content.leftBehind.append(hasStyles ? ExchangeWords::tr("text styles and links") : ExchangeWords::tr("links between notes"));
 }
 
 }  // namespace

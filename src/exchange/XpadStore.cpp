@@ -2,6 +2,7 @@
 #include "exchange/XpadStore.h"
 
 #include "exchange/ForeignNote.h"
+#include "exchange/ExchangeWords.h"
 #include "exchange/ForeignText.h"
 
 #include <QColor>
@@ -83,8 +84,8 @@ Result<ImportContent> XpadStore::read(const QDir& folder, const QDateTime& now) 
     content.notes.tasks.push_back(std::move(record));
   }
   if (content.notes.tasks.empty()) return noForeignNotes(unreadable);
-  content.leftBehind.append(foreignTr("places and sizes of windows"));
-  content.leftBehind.append(hasStyles ? foreignTr("fonts and text styles") : foreignTr("fonts"));
+  content.leftBehind.append(ExchangeWords::tr("places and sizes of windows"));
+  content.leftBehind.append(hasStyles ? ExchangeWords::tr("fonts and text styles") : ExchangeWords::tr("fonts"));
   appendUnreadable(unreadable, content.leftBehind);
   return content;
 }

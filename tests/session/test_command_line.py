@@ -73,6 +73,7 @@ def on_the_store(mode):
     expect(["import", str(folder / "bad.json")], 1)
     expect(["--version"], 0, r"^tarnwick \d")
     expect(["add", "--help"], 0, "--due")
+    expect(["import", "-"], 0, "imported 1, skipped 0", stdin=f"- [ ] from a pipe, {mode}\n")
 
 
 def bad_bytes():
@@ -80,8 +81,15 @@ def bad_bytes():
     check(done.returncode == 2 and done.stderr.startswith(b"tarnwick: "), f"invalid UTF-8: {done}")
 
 
+def in_german():
+    german = {**os.environ, "LC_ALL": "de_DE.UTF-8", "LANGUAGE": "de"}
+    done = subprocess.run([tarnwick.command, "--help"], capture_output=True, text=True, env=german)
+    check("Notizen auflisten" in done.stdout, f"help in German: {done.stdout[:200]}")
+
+
 try:
     tarnwick.skip_welcome()
+    in_german()
     for verb in (["toggle"], ["board"], ["new"], ["status"], ["undo"], ["quit"]):
         expect(verb, 1, error="not running")
     on_the_store("fern")

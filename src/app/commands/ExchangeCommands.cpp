@@ -58,7 +58,8 @@ CommandReply CommandRunner::importNotes(const CommandLine& line, const CommandCa
 
   const auto count = takeIn(content.notes, services);
   if (!count) return failed(count.error().text);
-  return done(Words::tr("imported %1, skipped %2").arg(count.value().imported).arg(count.value().skipped).toUtf8() + '\n');
+  // Scripts read it: the same in every language.
+  return done(u"imported %1, skipped %2"_s.arg(count.value().imported).arg(count.value().skipped).toUtf8() + '\n');
 }
 
 }  // namespace tarnwick

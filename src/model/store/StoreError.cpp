@@ -12,9 +12,9 @@ namespace tarnwick {
 
 namespace {
 
-QString translated(const char* text) {
-  return QCoreApplication::translate("Store", text);
-}
+struct Words {
+  Q_DECLARE_TR_FUNCTIONS(Store)
+};
 
 ErrorKind kindOfSystem(int number) {
   switch (number) {
@@ -58,19 +58,19 @@ ErrorKind kindOfSqlite(int code, int systemNumber) {
 Error storeError(ErrorKind kind, const QString& path, const QString& detail) {
   switch (kind) {
     case ErrorKind::Damaged:
-      return {kind, translated("The notes in “%1” cannot be read: the file is damaged, or it is no Tarnwick store. It "
+      return {kind, Words::tr("The notes in “%1” cannot be read: the file is damaged, or it is no Tarnwick store. It "
                                "was left as it is; copies of the last days are in “backups” beside it.")
                         .arg(path)};
     case ErrorKind::NewerSchema:
-      return {kind, translated("The notes in “%1” were written by a newer version of Tarnwick.").arg(path)};
+      return {kind, Words::tr("The notes in “%1” were written by a newer version of Tarnwick.").arg(path)};
     case ErrorKind::NotPermitted:
-      return {kind, translated("Tarnwick may not write to “%1”.").arg(path)};
+      return {kind, Words::tr("Tarnwick may not write to “%1”.").arg(path)};
     case ErrorKind::Full:
-      return {kind, translated("No space is left on the disk that holds “%1”.").arg(path)};
+      return {kind, Words::tr("No space is left on the disk that holds “%1”.").arg(path)};
     case ErrorKind::InUse:
-      return {kind, translated("The notes in “%1” are in use by another program.").arg(path)};
+      return {kind, Words::tr("The notes in “%1” are in use by another program.").arg(path)};
     default:
-      return {ErrorKind::Failed, translated("The notes in “%1” cannot be used: %2").arg(path, detail)};
+      return {ErrorKind::Failed, Words::tr("The notes in “%1” cannot be used: %2").arg(path, detail)};
   }
 }
 

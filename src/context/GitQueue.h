@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The serial queue "tarnwick.context.git": one git at a time as a child process, in the order asked. A git that hangs is
-// abandoned after a while; nobody waits for it.
+// The serial queue "tarnwick.context.git": one git at a time as a child process, in the order asked. A git that hangs
+// or floods is ended; nobody waits for it, and nothing that a repository names is run.
 #pragma once
 
 #include "context/GitRunner.h"

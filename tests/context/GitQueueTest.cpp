@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -30,6 +32,9 @@ case "$1" in
   die) kill -9 $$ ;;
   turn) echo "in $2" >> "$here/log"; sleep 0.02; echo "out $2" >> "$here/log"; printf "$2" ;;
   hang) echo $$ > "$here/pid"; exec sleep 600 ;;
+  helper) sleep 600 & echo $! > "$here/pid"; wait ;;
+  flood) echo $$ > "$here/pid"; while :; do head -c 65536 /dev/zero; done ;;
+  much) head -c "$2" /dev/zero | tr '\\0' x ;;
   env) printf "${GIT_DIR:-none}" ;;
 esac
 )");
@@ -45,6 +50,12 @@ esac
   [[nodiscard]] QString contents(const QString& name) const {
     QFile file(folder.filePath(name));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+  }
+
+  /// Not a zombie either: whoever adopts an orphan may take its time to reap it.
+  [[nodiscard]] static bool isAlive(const QString& process) {
+    QFile stat(process + u"/stat"_s);
+    return stat.open(QIODevice::ReadOnly) && !stat.readAll().contains(") Z ");
   }
 
   QTemporaryDir folder;
@@ -89,6 +100,28 @@ TEST_F(GitQueueTest, aHangingGitIsAbandonedAndTheNextOneRuns) {
   EXPECT_EQ(time.pendingCount(), 0);
 }
 
+TEST_F(GitQueueTest, whatAHangingGitStartedEndsWithIt) {
+  ask({u"helper"_s});
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !contents(u"pid"_s).trimmed().isEmpty(); }, 20000));
+  time.advance(GitQueue::kPatience);
+  ASSERT_TRUE(waitFor(1));
+  const QString helper = u"/proc/"_s + contents(u"pid"_s).trimmed();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !isAlive(helper); }, 20000));
+}
+
+TEST_F(GitQueueTest, aFloodIsEndedAtOnceAndCountsAsNoAnswer) {
+  ask({u"much"_s, u"65536"_s});
+  ask({u"much"_s, u"65537"_s});
+  ask({u"much"_s, u"1000000"_s});
+  ask({u"flood"_s});
+  ask({u"say"_s, u"next"_s});
+  ASSERT_TRUE(waitFor(5));  // without a second passing on the clock of its patience
+  EXPECT_EQ(answers.front().size(), 65536);
+  EXPECT_EQ(answers.mid(1), (QStringList{u"(none)"_s, u"(none)"_s, u"(none)"_s, u"next"_s}));
+  const QString process = u"/proc/"_s + contents(u"pid"_s).trimmed();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !isAlive(process); }, 20000));
+}
+
 TEST_F(GitQueueTest, aQueueThatGoesWhileGitRunsNeitherWaitsNorAnswers) {
   bool isAnswered = false;
   {
@@ -122,6 +155,46 @@ TEST_F(GitQueueTest, whatAHookExportedDoesNotReachGit) {
   ASSERT_TRUE(waitFor(1));
   qunsetenv("GIT_DIR");
   EXPECT_EQ(answers, QStringList{u"none"_s});
+}
+
+TEST_F(GitQueueTest, nothingThatARepositoryNamesIsRun) {
+  if (!QFile::exists(u"/usr/bin/git"_s)) GTEST_SKIP() << "there is no git here";
+  const QString trap = folder.filePath(u"trap"_s);
+  const QString mark = folder.filePath(u"sprung"_s);
+  QFile script(trap);
+  ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+  script.write("#!/bin/sh\necho \"$0\" >> '" + QFile::encodeName(mark) + "'\n");
+  script.close();
+  ASSERT_TRUE(script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+  const QString root = folder.filePath(u"hostile"_s);
+  const auto plain = [](const QStringList& words) {
+    QProcess process;
+    process.start(u"/usr/bin/git"_s, words);
+    EXPECT_TRUE(process.waitForFinished(20000));
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+  };
+  plain({u"init"_s, u"-q"_s, u"-b"_s, u"main"_s, root});
+  ASSERT_TRUE(QDir(root).mkpath(u".git/hooks"_s));
+  ASSERT_TRUE(QFile::copy(trap, root + u"/.git/hooks/post-checkout"_s));
+  for (const auto* key : {"core.fsmonitor", "core.pager", "core.askPass", "pager.branch", "credential.helper"}) {
+    plain({u"-C"_s, root, u"config"_s, QLatin1StringView(key), trap});
+  }
+  GitQueue real(time);
+  int count = 0;
+  QStringList said;
+  const auto answer = [&](const std::optional<QString>& text) {
+    said.append(text.value_or(u"(none)"_s));
+    ++count;
+  };
+  // The last two are not ours to ask: they are what would spring the traps.
+  real.run({u"-C"_s, root, u"rev-parse"_s, u"--show-toplevel"_s}, answer);
+  real.run({u"-C"_s, root, u"branch"_s, u"--show-current"_s}, answer);
+  real.run({u"-C"_s, root, u"status"_s, u"--porcelain"_s}, answer);
+  real.run({u"-C"_s, root, u"checkout"_s, u"-q"_s, u"-b"_s, u"other"_s}, answer);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return count == 4; }, 20000));
+  EXPECT_EQ(said[0], QFileInfo(root).canonicalFilePath());
+  EXPECT_EQ(said[1], u"main"_s);
+  EXPECT_EQ(contents(u"sprung"_s), QString());
 }
 
 }  // namespace

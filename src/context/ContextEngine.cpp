@@ -58,7 +58,7 @@ std::optional<QString> ContextEngine::folderOfDocument(const QString& document) 
 
 void ContextEngine::start() {
   if (m_defaults.boolean(keys::kHasSeenWelcome) && !m_ports.accessibility.isTrusted(AccessNeed::Tree)) {
-    m_ports.accessibility.requestTrust();
+    m_ports.accessibility.requestTrust(TrustRequest::AtStart);
   }
   m_workspaceObserver =
       m_ports.workspace.onActivated([this](const RunningApplication& application) { applicationActivated(application); });

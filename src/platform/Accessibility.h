@@ -15,6 +15,9 @@ namespace tarnwick {
 
 enum class AccessNeed { Frames, Tree };
 
+/// Who asks for trust: the program by itself when it starts, or the user with a button.
+enum class TrustRequest { AtStart, ByUser };
+
 /// An element of another program's interface; its meaning is the adapter's.
 struct ElementRef {
   QString service;
@@ -36,8 +39,9 @@ class Accessibility {
   virtual ~Accessibility() = default;
   [[nodiscard]] virtual PortTraits traits() const = 0;
   [[nodiscard]] virtual bool isTrusted(AccessNeed need) const = 0;
-  /// Asks for permission, or switches the accessibility bus on where that is ours to do.
-  virtual void requestTrust() = 0;
+  /// Lets the desktop ask for permission. Accessibility is a setting of the whole session: where we would have to switch
+  /// it on ourselves, only the user's own request does.
+  virtual void requestTrust(TrustRequest request) = 0;
   [[nodiscard]] virtual std::optional<ElementRef> application(qint64 pid) const = 0;
   [[nodiscard]] virtual std::optional<ElementRef> focusedWindow(qint64 pid) const = 0;
   [[nodiscard]] virtual std::optional<ElementFacts> facts(const ElementRef& element) const = 0;

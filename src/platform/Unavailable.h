@@ -30,7 +30,7 @@ class UnavailableAccessibility final : public Accessibility, private Absence {
   explicit UnavailableAccessibility(QString reason) : Absence(std::move(reason)) {}
   [[nodiscard]] PortTraits traits() const override { return absent(); }
   [[nodiscard]] bool isTrusted(AccessNeed) const override { return false; }
-  void requestTrust() override {}
+  void requestTrust(TrustRequest) override {}
   [[nodiscard]] std::optional<ElementRef> application(qint64) const override { return std::nullopt; }
   [[nodiscard]] std::optional<ElementRef> focusedWindow(qint64) const override { return std::nullopt; }
   [[nodiscard]] std::optional<ElementFacts> facts(const ElementRef&) const override { return std::nullopt; }

@@ -163,7 +163,7 @@ void WelcomeView::readTrust() {
 }
 
 void WelcomeView::openAccessibilitySettings() {
-  m_ports.accessibility.requestTrust();
+  m_ports.accessibility.requestTrust(TrustRequest::ByUser);
   // Where nothing opens such an address, the request was all there is to do.
   m_ports.workspace.openUrl(QUrl(u"x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"_s));
 }

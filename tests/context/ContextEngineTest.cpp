@@ -272,6 +272,7 @@ TEST_F(Context, trustIsAskedForOnceAfterTheWelcome) {
     engine.start();
     workspace.activate(browser);
     EXPECT_EQ(accessibility.trustRequests, row.requests);
+    EXPECT_NE(accessibility.lastRequest, TrustRequest::ByUser);
   }
 }
 

@@ -165,6 +165,7 @@ class FakeAccessibility final : public Accessibility {
   bool hasFrames = true;
   bool hasTree = true;
   int trustRequests = 0;
+  std::optional<TrustRequest> lastRequest;
   std::map<QString, Node> nodes;
   std::map<qint64, QString> windows;  // pid -> path of the focused window
   std::vector<QString> dockPaths;
@@ -172,7 +173,10 @@ class FakeAccessibility final : public Accessibility {
   [[nodiscard]] static ElementRef ref(const QString& path) { return {QStringLiteral("fake"), path}; }
   [[nodiscard]] PortTraits traits() const override { return PortTraits::served(QStringLiteral("fake")); }
   [[nodiscard]] bool isTrusted(AccessNeed need) const override { return need == AccessNeed::Frames ? hasFrames : hasTree; }
-  void requestTrust() override { ++trustRequests; }
+  void requestTrust(TrustRequest request) override {
+    ++trustRequests;
+    lastRequest = request;
+  }
   [[nodiscard]] std::optional<ElementRef> application(qint64 pid) const override {
     if (!windows.contains(pid)) return std::nullopt;
     return ref(QStringLiteral("/app/%1").arg(pid));

@@ -179,6 +179,7 @@ TEST_F(Welcome, askingForTrustPromptsAndThenOpensTheSettings) {
   goToLastPage();
   click(u"Open Accessibility Settings"_s);
   EXPECT_EQ(accessibility.trustRequests, 1);
+  EXPECT_EQ(accessibility.lastRequest, TrustRequest::ByUser);
   EXPECT_EQ(workspace.opened, QList<QUrl>{QUrl(
                 u"x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"_s)});
   EXPECT_TRUE(offers(u"Start sticking"_s)) << "the permission is optional";

@@ -19,7 +19,10 @@ class AtSpiAccessibility final : public Accessibility {
 
   [[nodiscard]] PortTraits traits() const override;
   [[nodiscard]] bool isTrusted(AccessNeed need) const override;
-  void requestTrust() override { m_tree.switchOn(); }
+  /// No desktop of this kind has a question of its own to show.
+  void requestTrust(TrustRequest request) override {
+    if (request == TrustRequest::ByUser) m_tree.switchOn();
+  }
   [[nodiscard]] std::optional<ElementRef> application(qint64 pid) const override;
   [[nodiscard]] std::optional<ElementRef> focusedWindow(qint64 pid) const override;
   [[nodiscard]] std::optional<ElementFacts> facts(const ElementRef& element) const override;

@@ -17,9 +17,9 @@ namespace tarnwick {
 
 struct RunningApplication {
   QString bundleID;  // desktop-file id without suffix, else the window class; empty when it has neither
-  qint64 pid = 0;
+  qint64 pid = 0;           // 0 for a program of another machine
   QString name;             // as shown to the user
-  bool isCodeEditor = false;  // by the category of its desktop entry, or one of the known identifiers
+  bool isCodeEditor = false;  // as far as this desktop's own table of editors knows
   bool isRegular = true;      // has windows of its own in the task list
   bool operator==(const RunningApplication&) const = default;
 };

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "linux/xdg/AppCatalog.h"
+#include "linux/xdg/CodeEditors.h"
 #include "linux/xdg/DesktopEntries.h"
 
 #include <QDir>
@@ -9,6 +11,8 @@
 
 #include <chrono>
 #include <filesystem>
+#include <map>
+#include <string>
 
 namespace tarnwick {
 namespace {
@@ -26,7 +30,6 @@ TEST(ADesktopEntry, GivesNameIconClassAndCategories) {
   EXPECT_EQ(entry->name, u"Writer");
   EXPECT_EQ(entry->icon, u"writer");
   EXPECT_EQ(entry->windowClass, u"WriterWindow");
-  EXPECT_TRUE(isCodeEditor(*entry));
 }
 
 TEST(ADesktopEntry, SpeaksTheUsersLanguage) {
@@ -101,10 +104,84 @@ TEST_F(InstalledEntries, AppearWhenTheyAreInstalledLater) {
   EXPECT_NE(entries.byId(QStringLiteral("two")), nullptr);
 }
 
-TEST(KnownEditors, AreCodeEditorsWithoutACategory) {
-  EXPECT_TRUE(isKnownCodeEditor(QStringLiteral("com.microsoft.VSCode")));
-  EXPECT_TRUE(isKnownCodeEditor(QStringLiteral("jetbrains-clion")));
-  EXPECT_FALSE(isKnownCodeEditor(QStringLiteral("firefox")));
+TEST(CodeEditors, AreThoseOfTheTableInAnyLetterCaseAndWithEditions) {
+  for (const char* id : {"code", "Code", "org.kde.kate", "geany", "com.microsoft.VSCode", "code_code",
+                         "jetbrains-clion-1a2b", "com.jetbrains.PyCharm-Community"}) {
+    EXPECT_TRUE(isCodeEditor(QLatin1StringView(id))) << id;
+  }
+  for (const char* id : {"", "firefox", "pcmanfm", "libreoffice-writer", "debian-xterm", "codeine", "jetbrains"}) {
+    EXPECT_FALSE(isCodeEditor(QLatin1StringView(id))) << id;
+  }
+}
+
+/// A process file system of our own making, and installed entries.
+class ProcessesOfApplications : public InstalledEntries {
+ protected:
+  void process(qint64 pid, qint64 parent, const std::map<QString, QByteArray>& files) {
+    const QString path = m_root.filePath(QStringLiteral("proc/%1/").arg(pid));
+    write(path + QStringLiteral("stat"),
+          QByteArray::number(pid) + " (a (program) S 1) S " + QByteArray::number(parent) + " 1 1 0");
+    for (const auto& [name, text] : files) write(path + name, text);
+  }
+  static QByteArray launched(const char* file, qint64 pid) {
+    using namespace std::string_literals;
+    const auto text = "A=1\0GIO_LAUNCHED_DESKTOP_FILE="s + file + "\0GIO_LAUNCHED_DESKTOP_FILE_PID="s +
+                      std::to_string(pid) + "\0B=2\0"s;
+    return QByteArray::fromStdString(text);
+  }
+  [[nodiscard]] QString idOf(qint64 pid, const char* windowClass) const {
+    const AppCatalog catalog(ProcessEntry(folder("proc")), DesktopEntries({folder("d")}));
+    const auto* entry = catalog.entryOf(pid, QLatin1StringView(windowClass).toString().toLower(), QLatin1StringView(windowClass));
+    return entry ? entry->id : QString();
+  }
+  void SetUp() override {
+    for (const char* id : {"geany", "terminal", "org.example.Paint", "notes_notes", "wrapped"}) {
+      add(QStringLiteral("d"), QLatin1StringView(id) + QStringLiteral(".desktop"), named(id));
+    }
+  }
+
+ private:
+  static void write(const QString& path, const QByteArray& text) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile out(path);
+    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+    out.write(text);
+  }
+};
+
+TEST_F(ProcessesOfApplications, AreThoseOfTheEntryThatTheLauncherStarted) {
+  process(10, 1, {{QStringLiteral("environ"), launched("/usr/share/applications/wrapped.desktop", 10)}});
+  EXPECT_EQ(idOf(10, "Geany"), u"wrapped") << "whatever class the window has";
+}
+
+TEST_F(ProcessesOfApplications, StartedFromATerminalAreNotTheTerminal) {
+  const auto environment = launched("/usr/share/applications/terminal.desktop", 10);
+  process(10, 1, {{QStringLiteral("environ"), environment}});
+  process(11, 10, {{QStringLiteral("environ"), environment}});  // the shell
+  process(12, 11, {{QStringLiteral("environ"), environment}});
+  EXPECT_EQ(idOf(12, "Geany"), u"geany");
+  EXPECT_EQ(idOf(12, "Tool"), QString());
+}
+
+TEST_F(ProcessesOfApplications, BehindAWrapperAreTheWrappersUnlessTheirWindowKnowsBetter) {
+  const auto environment = launched("/usr/share/applications/wrapped.desktop", 20);
+  process(20, 1, {{QStringLiteral("environ"), environment}});
+  process(21, 20, {{QStringLiteral("environ"), environment}});
+  EXPECT_EQ(idOf(21, "Unheard"), u"wrapped");
+  EXPECT_EQ(idOf(21, "Geany"), u"geany");
+}
+
+TEST_F(ProcessesOfApplications, InSandboxesHaveTheSandboxesIds) {
+  process(30, 1, {{QStringLiteral("root/.flatpak-info"),
+                   "[Runtime]\nname=org.example.Platform\n[Application]\nname=org.example.Paint\nruntime=x\n"}});
+  process(31, 1, {{QStringLiteral("attr/current"), "snap.notes.notes (enforce)\n"}});
+  process(32, 1, {{QStringLiteral("attr/current"), "unconfined\n"}});
+  process(33, 1, {{QStringLiteral("attr/current"), "snap.gone.gone (enforce)"}});
+  EXPECT_EQ(idOf(30, "Electron"), u"org.example.Paint");
+  EXPECT_EQ(idOf(31, "Electron"), u"notes_notes");
+  EXPECT_EQ(idOf(32, "Geany"), u"geany");
+  EXPECT_EQ(idOf(33, "Geany"), u"geany") << "an id that no entry has says nothing";
+  EXPECT_EQ(idOf(0, "Geany"), u"geany") << "a window of another machine";
 }
 
 }  // namespace

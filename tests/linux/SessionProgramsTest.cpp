@@ -58,6 +58,24 @@ TEST_F(Programs, AreReportedAsTheyComeToTheFrontLeaveItAndEnd) {
   for (const auto& application : workspace.running()) EXPECT_NE(application.pid, pid);
 }
 
+TEST_F(Programs, AreKnownByTheirConnectionWhateverTheirWindowsSay) {
+  for (const char* claim : {"claim 0", "claim 2"}) {  // none; a number of a sandbox's own
+    PeerProgram peer;
+    peer.tell("window 100 100 300 200 Claims");
+    ASSERT_TRUE(holdsSoon([&] { return isFront(peer); }));
+    peer.tell(claim);
+    ASSERT_TRUE(peer.says(QStringLiteral("claimed")));
+    PeerProgram other;
+    other.tell("window 500 100 300 200 Other");
+    ASSERT_TRUE(holdsSoon([&] { return isFront(other); }));
+    peer.tell("front");
+    EXPECT_TRUE(holdsSoon([&] { return isFront(peer); })) << claim;
+    std::optional<DesktopRect> frame;
+    const auto handle = others.followFocusedWindow(peer.pid(), [&](auto seen) { frame = seen; });
+    EXPECT_TRUE(holdsSoon([&] { return frame && frame->width >= 300; })) << claim;
+  }
+}
+
 TEST_F(Programs, IncludeOurselvesUnderOurOwnIdentifier) {
   QWidget window;
   window.show();
@@ -212,6 +230,30 @@ TEST_F(TheAccessibleDesktop, KnowsFrameAndTitleOfTheFocusedWindow) {
   EXPECT_EQ(facts->title, u"Title here");
   EXPECT_TRUE(facts->frame && facts->frame->width >= 400);
   EXPECT_FALSE(access.focusedWindow(0));
+}
+
+TEST_F(TheAccessibleDesktop, IsSwitchedOnByTheUserAndNeverByAStart) {
+  const auto isOn = [] {
+    return test::run(QStringLiteral("gdbus"),
+                     {QStringLiteral("call"), QStringLiteral("--session"), QStringLiteral("-d"),
+                      QStringLiteral("org.a11y.Bus"), QStringLiteral("-o"), QStringLiteral("/org/a11y/bus"),
+                      QStringLiteral("-m"), QStringLiteral("org.freedesktop.DBus.Properties.Get"),
+                      QStringLiteral("org.a11y.Status"), QStringLiteral("IsEnabled")})
+        .contains(QStringLiteral("true"));
+  };
+  ASSERT_TRUE(holdsSoon([&] { return access.isTrusted(AccessNeed::Tree); }));
+  test::run(QStringLiteral("gdbus"), {QStringLiteral("call"), QStringLiteral("--session"), QStringLiteral("-d"),
+                                      QStringLiteral("org.a11y.Bus"), QStringLiteral("-o"),
+                                      QStringLiteral("/org/a11y/bus"), QStringLiteral("-m"),
+                                      QStringLiteral("org.freedesktop.DBus.Properties.Set"),
+                                      QStringLiteral("org.a11y.Status"), QStringLiteral("IsEnabled"),
+                                      QStringLiteral("<false>")});
+  ASSERT_TRUE(holdsSoon([&] { return !access.isTrusted(AccessNeed::Tree); }));
+  access.requestTrust(TrustRequest::AtStart);
+  EXPECT_FALSE(isOn());  // the question goes over the same bus, behind whatever the request sent
+  access.requestTrust(TrustRequest::ByUser);
+  EXPECT_TRUE(holdsSoon([&] { return access.isTrusted(AccessNeed::Tree); }));
+  EXPECT_TRUE(isOn());
 }
 
 TEST_F(TheAccessibleDesktop, ShowsTheTrashOfAPanelByAndBy) {

@@ -2,12 +2,21 @@
 #include "linux/x11/X11Clients.h"
 
 #include <QStringDecoder>
+#include <QSysInfo>
 
 #include <algorithm>
 
 namespace tarnwick {
 
-qint64 X11Clients::pidOf(xcb_window_t window) const { return m_x.cardinal(window, "_NET_WM_PID").value_or(0); }
+qint64 X11Clients::pidOf(xcb_window_t window) const {
+  // The server knows who is connected; the property is the program's own word, and means something else when it was
+  // written inside a sandbox with process numbers of its own or on another machine.
+  if (const auto pid = m_x.localPid(window)) return *pid;
+  const auto claimed = m_x.cardinal(window, "_NET_WM_PID").value_or(0);
+  if (claimed == 0) return 0;
+  const auto machine = m_x.property(window, "WM_CLIENT_MACHINE");
+  return machine.isEmpty() || QString::fromLocal8Bit(machine) == QSysInfo::machineHostName() ? claimed : 0;
+}
 
 ClientClass X11Clients::classOf(xcb_window_t window) const {
   const auto parts = m_x.property(window, "WM_CLASS").split('\0');

@@ -19,6 +19,7 @@ class X11Clients final {
  public:
   explicit X11Clients(const XcbConnection& connection) : m_x(connection) {}
 
+  /// The process on this machine that the window belongs to; 0 for a window of another machine.
   [[nodiscard]] qint64 pidOf(xcb_window_t window) const;
   [[nodiscard]] ClientClass classOf(xcb_window_t window) const;
   [[nodiscard]] QString titleOf(xcb_window_t window) const;

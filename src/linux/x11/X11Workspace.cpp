@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "linux/x11/X11Workspace.h"
 
+#include "linux/xdg/CodeEditors.h"
 #include "platform/Scheduler.h"
 
 #include <QDesktopServices>
@@ -17,6 +18,11 @@ namespace {
 
 // Window managers publish "none" for a moment between two windows.
 constexpr std::chrono::milliseconds kNothingInFrontDelay(150);
+
+/// Programs of other machines have no process here: they are told apart by what their windows say.
+bool isSame(const RunningApplication& one, const RunningApplication& other) {
+  return one.pid == other.pid && (one.pid > 0 || one.bundleID == other.bundleID);
+}
 
 }  // namespace
 
@@ -45,10 +51,10 @@ std::vector<RunningApplication> X11Workspace::running() const {
   std::vector<RunningApplication> applications;
   for (const auto window : m_x.cardinals(m_x.root(), "_NET_CLIENT_LIST")) {
     const auto pid = m_clients.pidOf(window);
-    if (pid <= 0) continue;
-    const auto known = std::find_if(applications.begin(), applications.end(), [&](const auto& a) { return a.pid == pid; });
     const auto process = m_processes.find(pid);
     auto application = process != m_processes.end() ? process->second->application : describe(window, pid);
+    const auto known = std::find_if(applications.begin(), applications.end(),
+                                    [&](const auto& each) { return isSame(each, application); });
     application.isRegular = m_clients.kindOf(window) == ClientKind::Ordinary &&
                             !m_clients.hasState(window, "_NET_WM_STATE_SKIP_TASKBAR");
     if (known == applications.end()) {
@@ -68,14 +74,18 @@ void X11Workspace::handle(const xcb_generic_event_t& event) {
   if (eventKind(event) != XCB_PROPERTY_NOTIFY) return;
   const auto& change = eventAs<xcb_property_notify_event_t>(event);
   if (change.window != m_x.root()) return;
+  if (change.atom == m_x.atom("_NET_CLIENT_LIST")) {
+    readClients();
+    if (!m_front) readFront();  // a new window may get the keyboard before it is listed
+  }
   if (change.atom == m_x.atom("_NET_ACTIVE_WINDOW")) readFront();
-  if (change.atom == m_x.atom("_NET_CLIENT_LIST")) readClients();
 }
 
 void X11Workspace::readFront() {
   const auto window = m_clients.active();
-  const auto pid = window == XCB_NONE ? 0 : m_clients.pidOf(window);
-  if (pid <= 0) {
+  // Some window managers keep the keyboard in a window of their own between two programs' windows.
+  const auto windows = m_x.cardinals(m_x.root(), "_NET_CLIENT_LIST");
+  if (std::find(windows.begin(), windows.end(), window) == windows.end()) {
     if (m_front && !m_nothingInFront.isHeld()) {
       m_nothingInFront = m_scheduler.after(kNothingInFrontDelay, [this] {
         m_nothingInFront = {};
@@ -85,6 +95,7 @@ void X11Workspace::readFront() {
     }
     return;
   }
+  const auto pid = m_clients.pidOf(window);
   m_nothingInFront.cancel();
   // A click on a desktop's panel leaves the application in front that was there.
   if (m_clients.kindOf(window) == ClientKind::Dock) return;
@@ -98,14 +109,14 @@ void X11Workspace::readFront() {
     return;
   }
   watch(application);
-  const bool isBack = wasOwnPanel && m_front && m_front->pid == pid;
+  const bool isBack = wasOwnPanel && m_front && isSame(*m_front, application);
   setFront(application);
   if (isBack) m_activated.notify(application);
 }
 
 void X11Workspace::setFront(std::optional<RunningApplication> application) {
   const auto before = std::exchange(m_front, application);
-  if (before && application && before->pid == application->pid) return;
+  if (before && application && isSame(*before, *application)) return;
   if (before) m_deactivated.notify(*before);
   if (application) m_activated.notify(*application);
 }
@@ -131,18 +142,18 @@ RunningApplication X11Workspace::describe(xcb_window_t window, qint64 pid) const
   if (const auto* entry = m_catalog.entryOf(pid, windowClass.instance, windowClass.name)) {
     application.bundleID = entry->id;
     application.name = entry->name;
-    application.isCodeEditor = isCodeEditor(*entry);
+    application.isCodeEditor = isCodeEditor(entry->id);
   } else {
     application.bundleID = windowClass.name;
     application.name = windowClass.name.isEmpty() ? m_clients.titleOf(window) : windowClass.name;
-    application.isCodeEditor = isKnownCodeEditor(windowClass.name);
+    application.isCodeEditor = isCodeEditor(windowClass.name);
   }
   application.isRegular = m_clients.kindOf(window) == ClientKind::Ordinary;
   return application;
 }
 
 void X11Workspace::watch(const RunningApplication& application) {
-  if (application.pid == getpid() || m_processes.contains(application.pid)) return;
+  if (application.pid <= 0 || application.pid == getpid() || m_processes.contains(application.pid)) return;
   auto process = std::make_unique<Process>();
   process->application = application;
   process->descriptor = static_cast<int>(syscall(SYS_pidfd_open, static_cast<pid_t>(application.pid), 0));

@@ -4,6 +4,8 @@
 #include <QMetaObject>
 #include <QSocketNotifier>
 
+#include <xcb/res.h>
+
 #include <algorithm>
 #include <cstring>
 
@@ -30,6 +32,11 @@ XcbConnection::XcbConnection() : m_selections(std::make_shared<Selections>()) {
   auto screens = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
   for (int i = 0; i < m_screenNumber && screens.rem > 1; ++i) xcb_screen_next(&screens);
   m_root = screens.data->root;
+  if (const auto* resources = xcb_get_extension_data(m_connection, &xcb_res_id); resources && resources->present) {
+    const XcbReply<xcb_res_query_version_reply_t> version(
+        xcb_res_query_version_reply(m_connection, xcb_res_query_version(m_connection, 1, 2), nullptr));
+    m_knowsClients = version && (version->server_major > 1 || version->server_minor >= 2);
+  }
   m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
   connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] { drain(); });
 }
@@ -73,6 +80,21 @@ std::optional<uint32_t> XcbConnection::cardinal(xcb_window_t window, const char*
   const auto values = cardinals(window, name);
   if (values.empty()) return std::nullopt;
   return values.front();
+}
+
+std::optional<qint64> XcbConnection::localPid(xcb_window_t window) const {
+  if (!m_knowsClients) return std::nullopt;
+  const xcb_res_client_id_spec_t wanted{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+  const XcbReply<xcb_res_query_client_ids_reply_t> reply(
+      xcb_res_query_client_ids_reply(m_connection, xcb_res_query_client_ids(m_connection, 1, &wanted), nullptr));
+  keepEvents();
+  if (!reply) return std::nullopt;
+  for (auto ids = xcb_res_query_client_ids_ids_iterator(reply.get()); ids.rem > 0; xcb_res_client_id_value_next(&ids)) {
+    if ((ids.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID) == 0) continue;
+    if (xcb_res_client_id_value_value_length(ids.data) < 1) continue;
+    if (const auto pid = *xcb_res_client_id_value_value(ids.data); pid > 0) return pid;
+  }
+  return std::nullopt;
 }
 
 std::vector<xcb_window_t> XcbConnection::clients() const {

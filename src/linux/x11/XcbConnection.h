@@ -45,6 +45,8 @@ class XcbConnection final : public QObject {
   [[nodiscard]] QByteArray property(xcb_window_t window, const char* name) const;
   [[nodiscard]] std::vector<uint32_t> cardinals(xcb_window_t window, const char* name) const;
   [[nodiscard]] std::optional<uint32_t> cardinal(xcb_window_t window, const char* name) const;
+  /// The process that the window's connection comes from, as the server sees it; nothing for one from another machine.
+  [[nodiscard]] std::optional<qint64> localPid(xcb_window_t window) const;
   /// Client windows bottom to top; falls back to the order of mapping where no stacking is published.
   [[nodiscard]] std::vector<xcb_window_t> clients() const;
   /// Rectangle on the root, device pixels; nothing when the window is gone.
@@ -70,6 +72,7 @@ class XcbConnection final : public QObject {
   xcb_connection_t* m_connection = nullptr;
   xcb_window_t m_root = XCB_NONE;
   int m_screenNumber = 0;
+  bool m_knowsClients = false;  // the server tells whose a window is
   std::unique_ptr<QSocketNotifier> m_notifier;
   mutable QHash<QByteArray, xcb_atom_t> m_atoms;
   mutable std::deque<XcbReply<xcb_generic_event_t>> m_kept;

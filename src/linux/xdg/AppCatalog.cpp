@@ -1,44 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "linux/xdg/AppCatalog.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace tarnwick {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr qint64 kMostEnvironment = 1 << 20;
-
-QByteArray readProcessFile(qint64 pid, const char* name) {
-  QFile file(QStringLiteral("/proc/%1/%2").arg(pid).arg(QLatin1String(name)));
-  return file.open(QIODevice::ReadOnly) ? file.read(kMostEnvironment) : QByteArray();
-}
-
-/// The launcher's own word for which entry it started; inherited by children, hence the check of the process.
-QString idFromLauncher(qint64 pid) {
-  QByteArray file;
-  qint64 launched = 0;
-  for (const auto& variable : readProcessFile(pid, "environ").split('\0')) {
-    if (variable.startsWith("GIO_LAUNCHED_DESKTOP_FILE=")) file = variable.mid(26);
-    if (variable.startsWith("GIO_LAUNCHED_DESKTOP_FILE_PID=")) launched = variable.mid(30).toLongLong();
-  }
-  if (launched != pid || !file.endsWith(".desktop")) return {};
-  return QFileInfo(QString::fromUtf8(file)).completeBaseName();
-}
-
-QString idFromSandbox(qint64 pid) {
-  for (const auto& line : readProcessFile(pid, "root/.flatpak-info").split('\n')) {
-    if (line.startsWith("name=")) return QString::fromUtf8(line.mid(5).trimmed());
-  }
-  return {};
-}
-
-}  // namespace
-
-AppCatalog::AppCatalog() {
+AppCatalog::AppCatalog(ProcessEntry processes, DesktopEntries entries)
+    : m_processes(std::move(processes)), m_entries(std::move(entries)) {
   // Without a desktop's platform theme Qt has no idea of icon themes: applications install theirs in hicolor.
   if (QIcon::fallbackThemeName().isEmpty()) QIcon::setFallbackThemeName(QStringLiteral("hicolor"));
   auto themes = QIcon::themeSearchPaths();
@@ -62,11 +32,9 @@ std::pair<QString, QIcon> AppCatalog::identity(const QString& id) const {
 }
 
 const DesktopEntry* AppCatalog::entryOf(qint64 pid, const QString& instance, const QString& windowClass) const {
-  if (pid > 0) {
-    if (const auto* entry = m_entries.byId(idFromLauncher(pid))) return entry;
-    if (const auto* entry = m_entries.byId(idFromSandbox(pid))) return entry;
-  }
-  return m_entries.byWindowClass(instance, windowClass);
+  if (const auto* entry = m_entries.byId(m_processes.certain(pid))) return entry;
+  if (const auto* entry = m_entries.byWindowClass(instance, windowClass)) return entry;
+  return m_entries.byId(m_processes.ofWrapper(pid));
 }
 
 }  // namespace tarnwick

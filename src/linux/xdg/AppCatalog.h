@@ -3,6 +3,7 @@
 #pragma once
 
 #include "linux/xdg/DesktopEntries.h"
+#include "linux/xdg/ProcessEntry.h"
 
 #include <QHash>
 #include <QIcon>
@@ -13,7 +14,7 @@ namespace tarnwick {
 
 class AppCatalog final {
  public:
-  AppCatalog();
+  explicit AppCatalog(ProcessEntry processes = ProcessEntry(), DesktopEntries entries = DesktopEntries());
 
   /// The identifier itself and a null icon for an application that is not installed.
   [[nodiscard]] std::pair<QString, QIcon> identity(const QString& id) const;
@@ -21,6 +22,7 @@ class AppCatalog final {
   [[nodiscard]] const DesktopEntry* entryOf(qint64 pid, const QString& instance, const QString& windowClass) const;
 
  private:
+  ProcessEntry m_processes;
   DesktopEntries m_entries;
   mutable QHash<QString, QIcon> m_icons;
 };

@@ -5,7 +5,6 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
 
 namespace tarnwick {
 
@@ -84,22 +83,6 @@ std::optional<DesktopEntry> parseDesktopEntry(const QByteArray& text, const QStr
   }
   if (!isApplication || entry.name.isEmpty()) return std::nullopt;
   return entry;
-}
-
-bool isKnownCodeEditor(const QString& id) {
-  static const QSet<QString> known = {
-      QStringLiteral("com.microsoft.VSCode"), QStringLiteral("com.apple.dt.Xcode"),
-      QStringLiteral("com.todesktop.230313mzl4w4u92"), QStringLiteral("dev.zed.Zed"),
-      QStringLiteral("com.sublimetext.4"), QStringLiteral("com.jetbrains.intellij.ce"),
-      QStringLiteral("com.jetbrains.AppCode"), QStringLiteral("code"), QStringLiteral("code-oss"),
-      QStringLiteral("codium"), QStringLiteral("com.visualstudio.code"), QStringLiteral("com.vscodium.codium"),
-      QStringLiteral("cursor"), QStringLiteral("sublime_text"), QStringLiteral("emacs"), QStringLiteral("vim"),
-      QStringLiteral("gvim"), QStringLiteral("nvim"), QStringLiteral("neovide")};
-  return known.contains(id) || id.startsWith(u"jetbrains-") || id.startsWith(u"com.jetbrains.");
-}
-
-bool isCodeEditor(const DesktopEntry& entry) {
-  return entry.categories.contains(u"IDE") || entry.categories.contains(u"TextEditor") || isKnownCodeEditor(entry.id);
 }
 
 QStringList xdgDataFolders() {

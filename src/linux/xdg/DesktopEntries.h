@@ -26,10 +26,6 @@ struct DesktopEntry {
 /// The main group of a desktop file; nothing when it is no application's.
 [[nodiscard]] std::optional<DesktopEntry> parseDesktopEntry(const QByteArray& text, const QString& id, const QLocale& locale);
 
-/// Whether the program edits source code: its categories say so, or it is a known editor.
-[[nodiscard]] bool isCodeEditor(const DesktopEntry& entry);
-[[nodiscard]] bool isKnownCodeEditor(const QString& id);
-
 /// $XDG_DATA_HOME and $XDG_DATA_DIRS, best first.
 [[nodiscard]] QStringList xdgDataFolders();
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Another program of the desktop, driven by lines on standard input; it says what happens to it on standard output.
 //   window X Y W H TITLE | dock X Y W H STRUT-TOP | move X Y | resize W H | minimize | restore | front | close | quit
-//   acquire | forward WORD... | chord TEXT
+//   claim PID (what the window says of its process; 0: nothing) | acquire | forward WORD... | chord TEXT
 #include "linux/dbus/DBusInstance.h"
 #include "linux/x11/X11HotKeys.h"
 #include "linux/x11/XcbConnection.h"
@@ -56,6 +56,8 @@ class Peer final {
       m_pane->showNormal();
     } else if (verb == u"front") {
       m_x.sendToRoot(static_cast<xcb_window_t>(m_pane->winId()), "_NET_ACTIVE_WINDOW", {2, 0, 0});
+    } else if (verb == u"claim") {
+      claim(static_cast<uint32_t>(number(1)));
     } else if (verb == u"close") {
       m_pane.reset();
     } else if (verb == u"quit") {
@@ -87,6 +89,17 @@ class Peer final {
       case InstanceRole::Second: say(QStringLiteral("role second")); break;
       case InstanceRole::NoBus: say(QStringLiteral("role nobus")); break;
     }
+  }
+  void claim(uint32_t pid) {
+    const auto window = static_cast<xcb_window_t>(m_pane->winId());
+    const auto property = m_x.atom("_NET_WM_PID");
+    if (pid == 0) {
+      xcb_delete_property(m_x.get(), window, property);
+    } else {
+      xcb_change_property(m_x.get(), XCB_PROP_MODE_REPLACE, window, property, XCB_ATOM_CARDINAL, 32, 1, &pid);
+    }
+    m_x.flush();
+    say(QStringLiteral("claimed"));
   }
   void becomePanel(uint32_t depth) {
     const uint32_t strut[12] = {0, 0, depth, 0, 0, 0, 0, 0, 0, static_cast<uint32_t>(m_pane->width() - 1), 0, 0};

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "context/ContextEngine.h"
 
-#include "context/EditorTitle.h"
 #include "model/NotificationCenter.h"
 #include "model/SettingsKeys.h"
 #include "model/UserDefaults.h"
 
-#include <QDir>
 #include <QUrl>
 
 #include <algorithm>
@@ -102,10 +100,14 @@ std::optional<QString> ContextEngine::extractFolderPath(const RunningApplication
   if (!window) return std::nullopt;
   const auto facts = m_ports.accessibility.facts(*window);
   if (!facts) return std::nullopt;
-  if (facts->document) return folderOfDocument(*facts->document);
+  if (facts->document) {
+    const auto folder = folderOfDocument(*facts->document);
+    if (folder && m_ports.probe(*folder) == PathKind::Folder) return folder;
+  }
   const auto process = m_ports.processFacts(application.pid);
-  return folderFromTitle(facts->title, {application.name, process.workingFolder, process.arguments, QDir::homePath()},
-                         probePath);
+  const auto recent = [&] { return recentPaths(application.bundleID, m_ports.folders); };
+  return folderFromTitle(
+      facts->title, {application.name, process.workingFolder, process.arguments, m_ports.folders.home, recent}, m_ports.probe);
 }
 
 void ContextEngine::resolveGitContext(std::optional<QString> bundleID, std::optional<QString> folder) {

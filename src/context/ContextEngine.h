@@ -2,6 +2,8 @@
 // What the user is working on: the application in front, and for a code editor the folder, repository and branch.
 #pragma once
 
+#include "context/EditorRecents.h"
+#include "context/EditorTitle.h"
 #include "context/GitRunner.h"
 #include "context/ProcessFacts.h"
 #include "platform/Accessibility.h"
@@ -37,6 +39,8 @@ class ContextEngine final : public QObject {
     Scheduler& scheduler;
     GitRunner& git;
     std::function<ProcessFacts(qint64 pid)> processFacts = tarnwick::processFacts;
+    UserFolders folders = UserFolders::current();
+    PathProbe probe = probePath;
   };
 
   ContextEngine(Ports ports, const UserDefaults& defaults, NotificationCenter& center);
@@ -46,7 +50,7 @@ class ContextEngine final : public QObject {
   void stop();
   void scheduleUpdate();
 
-  /// Whether a folder is looked up for it: one of the seven known identifiers, or an editor by its desktop entry.
+  /// Whether a folder is looked up for it: one of the seven known identifiers, or one that this desktop knows as an editor.
   [[nodiscard]] static bool isCodeEditor(const RunningApplication& application);
   /// Folder of a document given as a URL or as a plain path.
   [[nodiscard]] static std::optional<QString> folderOfDocument(const QString& document);

@@ -118,6 +118,7 @@ class Search final {
   [[nodiscard]] std::optional<QString> run() const {
     // A path that is not there (gone, or on another machine) rules the guesses below out.
     if (!m_absolute.isEmpty()) return fromAbsolute();
+    if (const auto found = fromRecentPaths()) return found;
     if (const auto found = fromNamedFolders()) return found;
     if (const auto found = fromNamedFiles()) return found;
     return m_pieces.size() <= 1 ? fromProcess() : std::nullopt;
@@ -158,6 +159,27 @@ class Search final {
     }
     if (folder) return fileBelow(*folder).value_or(*folder);
     return std::nullopt;
+  }
+
+  /// A name that the editor's own list knows: a folder of that name, or above a file in it. A file by its name alone
+  /// only when the list has one of that name, and no other name in the title speaks against it.
+  [[nodiscard]] std::optional<QString> fromRecentPaths() const {
+    if (m_names.isEmpty() || !m_process.recentPaths) return std::nullopt;
+    const auto recent = m_process.recentPaths();
+    for (const auto& name : m_names) {
+      for (const auto& path : recent) {
+        const auto at = (path + u'/').indexOf(u'/' + name + u'/');
+        if (at < 0) continue;
+        const auto folder = path.left(at + 1 + name.size());
+        if (m_probe(folder) == PathKind::Folder) return fileBelow(folder).value_or(folder);
+      }
+    }
+    if (m_names.size() != 1) return std::nullopt;
+    QStringList files;
+    for (const auto& path : recent) {
+      if (nameOf(path) == m_names.front() && m_probe(path) == PathKind::File) files.append(parentOf(path));
+    }
+    return files.size() == 1 ? std::optional(files.front()) : std::nullopt;
   }
 
   /// "main.c - proj": a project folder by its name.

@@ -21,6 +21,8 @@ struct EditorProcess {
   QString workingFolder;    // empty when unknown
   QStringList arguments;    // without the program itself
   QString home;
+  /// Paths that the editor had open, asked for only when a name has to be looked up.
+  std::function<QStringList()> recentPaths = {};
 };
 
 /// The texts between a title's separators and brackets, without marks of unsaved changes and without the application's

@@ -82,7 +82,9 @@ class Context : public testing::Test {
   FakeWorkspace workspace;
   FakeAccessibility accessibility;
   FakeGit git;
-  ContextEngine engine{{workspace, accessibility, time, git, [](qint64) { return ProcessFacts{}; }}, defaults, center};
+  /// What is below /u is there; all else is as it is.
+  static PathKind probe(const QString& path) { return path.startsWith(u"/u/") ? PathKind::Folder : probePath(path); }
+  ContextEngine engine{{workspace, accessibility, time, git, [](qint64) { return ProcessFacts{}; }, {}, probe}, defaults, center};
   QStringList posted;
 };
 
@@ -246,6 +248,17 @@ TEST_F(Context, theTitleStandsInForADocument) {
   show(geany, std::nullopt, u"main.c - %1/proj/src - Geany"_s.arg(folder.path()));
   time.advance(1s);
   EXPECT_EQ(engine.snapshot().folderPath, folder.filePath(u"proj/src"_s));
+}
+
+TEST_F(Context, aDocumentThatIsNotHereLeavesTheTitle) {
+  ASSERT_TRUE(QDir(folder.path()).mkpath(u"proj"_s));
+  engine.start();
+  show(geany, u"sftp://far/away/main.c"_s, u"proj - %1/proj - Geany"_s.arg(folder.path()));
+  time.advance(1s);
+  EXPECT_EQ(engine.snapshot().folderPath, folder.filePath(u"proj"_s));
+  show(geany, u"/gone/main.c"_s, u"Geany"_s);
+  time.advance(1s);
+  EXPECT_EQ(engine.snapshot().folderPath, std::nullopt);
 }
 
 TEST_F(Context, anEditorThatCannotBeReadHasNoFolder) {

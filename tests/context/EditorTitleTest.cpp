@@ -1,7 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "context/EditorTitle.h"
 
+#include "context/EditorRecents.h"
+
 #include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <random>
 
@@ -92,6 +99,59 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"emptyTitle", u""_s, u"Editor"_s, {}, {}, {}},
         Row{"marksOnly", u" * - • - Editor"_s, u"Editor"_s, kHome, {}, {}}),
     nameOf);
+
+TEST(EditorRecents, tellWhereAProjectOfThatNameIs) {
+  const auto folder = [](const QString& title, const QStringList& recent) {
+    const EditorProcess process{u"Visual Studio Code"_s, kHome, {}, kHome, [&] { return recent; }};
+    return folderFromTitle(title, process, probe).value_or(QString());
+  };
+  const auto title = u"util.c - other - Visual Studio Code"_s;
+  EXPECT_EQ(folder(title, {}), QString());
+  EXPECT_EQ(folder(title, {u"/gone/other"_s, u"/srv/other"_s}), u"/srv/other"_s) << "one that is there";
+  EXPECT_EQ(folder(title, {u"/srv/other/src/util.c"_s}), u"/srv/other"_s) << "a file below it will do";
+  EXPECT_EQ(folder(u"util.c - Visual Studio Code"_s, {u"/home/ada/list.txt"_s, u"/srv/other/src/util.c"_s}),
+            u"/srv/other/src"_s);
+  EXPECT_EQ(folder(u"README.md - Visual Studio Code"_s, {u"/home/ada/proj/README.md"_s, u"/srv/other/README.md"_s}),
+            QString()) << "two of that name: rather none";
+  EXPECT_EQ(folder(u"README.md - elsewhere - Visual Studio Code"_s, {u"/srv/other/README.md"_s}), QString());
+}
+
+TEST(EditorRecents, areReadInTheFormOfEachEditor) {
+  const std::vector<std::pair<QByteArray, QStringList>> rows{
+      {R"({"menu": [{"uri": {"path": "/srv/other"}}, {"folderUri": "file:///home/ada/a%20b"}]})",
+       {u"/srv/other"_s, u"/home/ada/a b"_s}},
+      {R"(<entry key="$USER_HOME$/proj"><value/></entry><option value="/srv/other" />)",
+       {u"/home/ada/proj"_s, u"/srv/other"_s}},
+      {"[files]\nrecent_files=/srv/other/a.c;/home/ada/list.txt;\nrecent_projects=\n",
+       {u"/srv/other/a.c"_s, u"/home/ada/list.txt"_s}},
+      {"[Recent Files]\nFile1[$e]=$HOME/proj/README.md\n", {u"/home/ada/proj/README.md"_s}},
+      {"<bookmark href=\"file:///srv/B%C3%BCro/x.c\" added=\"2026\">", {u"/srv/Büro/x.c"_s}},
+      {"", {}},
+      {QByteArray("\0\xff/\"/", 5), {}},
+  };
+  for (const auto& [text, paths] : rows) EXPECT_EQ(pathsIn(text, kHome), paths) << text.toStdString();
+  EXPECT_LE(pathsIn(QByteArray("\"/a\"\"/b").repeated(100000), kHome).size(), 300);
+}
+
+TEST(EditorRecents, areTheEditorsOwn) {
+  const QTemporaryDir config;
+  const auto write = [&](const QString& name, const QByteArray& text) {
+    const QString path = config.filePath(name);
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text);
+  };
+  write(u"geany/geany.conf"_s, "recent_files=/one/a.c;");
+  write(u"Code/User/globalStorage/storage.json"_s, R"({"x": "file:///two"})");
+  write(u"JetBrains/IdeaIC2024.1/options/recentProjects.xml"_s, R"(<entry key="/three">)");
+  const UserFolders folders{kHome, config.path(), config.path()};
+  EXPECT_EQ(recentPaths(u"geany"_s, folders), QStringList{u"/one/a.c"_s});
+  EXPECT_EQ(recentPaths(u"Code"_s, folders), QStringList{u"/two"_s});
+  EXPECT_EQ(recentPaths(u"jetbrains-idea-ce"_s, folders), QStringList{u"/three"_s});
+  EXPECT_EQ(recentPaths(u"codium"_s, folders), QStringList());
+  EXPECT_EQ(recentPaths(u"org.browser"_s, folders), QStringList());
+}
 
 // Whatever a program writes into its title, the answer is a folder that is there, found without a long search.
 TEST(EditorTitles, ofAnyKindGiveAnExistingFolderOrNothing) {

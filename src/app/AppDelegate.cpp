@@ -206,7 +206,7 @@ void AppDelegate::makeParts() {
   parts.services = std::make_unique<BoardServices>(BoardServices{
       *parts.container, parts.defaults, parts.center, m_ports.clock, m_ports.scheduler, m_ports.screens,
       m_ports.workspace, m_ports.haptics, parts.sound, parts.flight, parts.reminders, parts.undo, parts.context,
-      parts.updates, [&parts] { return parts.torn(); }});
+      parts.updates, [&parts] { return parts.torn(); }, m_ports.otherWindows.sight()});
 
   // The copy of yesterday's notes is made before the burn changes them.
   static_cast<void>(parts.container->backUp(Calendar::of(m_ports.clock).day(m_ports.clock.now())));

@@ -2,6 +2,8 @@
 // What the board's and the desktop's views are given: one bag made by the application, references all the way.
 #pragma once
 
+#include "platform/OtherWindows.h"
+
 #include <functional>
 
 namespace tarnwick {
@@ -38,6 +40,7 @@ struct BoardServices {
   ContextEngine& context;
   UpdateChecker& updates;
   std::function<TornNotes*()> torn;  // null until the board panel exists
+  WindowSight sight = WindowSight::All;  // of whom a note can be pinned to
 };
 
 }  // namespace tarnwick

@@ -63,6 +63,7 @@ NoteDraft NoteDraft::of(const Task& task) {
   draft.dueDate = record.dueDate;
   draft.recurrenceRaw = record.recurrenceRaw;
   draft.isPinnedToApp = record.pinnedBundleID.has_value();
+  if (record.gitRepoPath) draft.repository = RepositoryPin{*record.gitRepoPath, record.gitBranch};
   draft.isPrivate = task.isPrivate();
   draft.board = task.board();
   return draft;
@@ -88,6 +89,10 @@ TaskRecord NoteEditing::record(const NoteDraft& draft, const NoteExtras& extras)
   record.createdAt = now;
   record.tagRaw = rawValue(TaskTag::none);
   if (draft.isPinnedToApp) record.pinnedBundleID = lastExternalBundleID(m_services.context);
+  if (draft.repository) {
+    record.gitRepoPath = draft.repository->path;
+    record.gitBranch = draft.repository->branch;
+  }
   record.paperThemeRaw = rawValue(draft.paperTheme);
   record.stampRaw = rawValue(draft.stamp);
   record.isTornOff = false;
@@ -141,6 +146,10 @@ Result<bool> NoteEditing::save(Task& task, const NoteDraft& draft, const NoteExt
   }
   if (isToWrite(draft.isPrivate, was.isPrivate)) {
     task.set(&TaskRecord::isPrivate, draft.isPrivate ? std::optional(true) : std::nullopt);
+  }
+  if (draft.repository != was.repository) {
+    task.set(&TaskRecord::gitRepoPath, draft.repository ? std::optional(draft.repository->path) : std::nullopt);
+    task.set(&TaskRecord::gitBranch, draft.repository ? draft.repository->branch : std::nullopt);
   }
   apply(extras, task);
 

@@ -10,6 +10,13 @@
 
 namespace tarnwick {
 
+/// A repository that a note is pinned to. The branch is kept for the reader; the note shows on all of them.
+struct RepositoryPin {
+  QString path;
+  std::optional<QString> branch;
+  bool operator==(const RepositoryPin&) const = default;
+};
+
 /// The composer's and the editor's fields.
 struct NoteDraft {
   QString text;
@@ -19,6 +26,7 @@ struct NoteDraft {
   std::optional<QDateTime> dueDate;  // present when "due" is on
   QString recurrenceRaw = QStringLiteral("none");
   bool isPinnedToApp = false;
+  std::optional<RepositoryPin> repository;
   bool isPrivate = false;
   QString board = kDefaultBoard;
 

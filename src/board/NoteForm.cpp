@@ -24,6 +24,7 @@ namespace {
 
 constexpr quint32 kSheetSeed = 3;
 constexpr double kStampScale = 1.15;
+constexpr int kLongestChoice = 440;  // a menu may be wider than the board
 
 }  // namespace
 
@@ -38,7 +39,7 @@ NoteForm::NoteForm(const BoardServices& services, QWidget* parent)
       m_repeat(new OptionChip(this)),
       m_stampChip(new OptionChip(this)),
       m_boardChip(new OptionChip(this)),
-      m_app(new AppPinChip(services.context, services.workspace, this)),
+      m_app(new AppPinChip(services.context, services.workspace, services.sight, this)),
       m_private(new OptionChip(this)),
       m_dateBlock(new DateBlock(services.clock, this)) {
   const auto* caret = new CaretRest(services.clock, services.scheduler, m_text);
@@ -99,6 +100,7 @@ NoteForm::NoteForm(const BoardServices& services, QWidget* parent)
     m_draft.isPinnedToApp = m_app->pin() == AppPinChip::Pin::On;
     refresh();
   });
+  connect(m_app, &AppPinChip::choicesAsked, this, &NoteForm::choosePins);
   connect(m_private, &QAbstractButton::clicked, this, [this] {
     m_draft.isPrivate = !m_draft.isPrivate;
     refresh();
@@ -114,7 +116,7 @@ void NoteForm::setDraft(const NoteDraft& draft, const QDateTime& dueDate,
   m_draft = draft;
   m_dueEnabled = draft.dueDate.has_value();
   m_dueDate = draft.dueDate.value_or(dueDate);
-  m_app->setPinnedBundleID(pinnedBundleID);
+  m_app->setPins(pinnedBundleID, draft.repository);
   m_dateBlock->hide();
   m_text->setNoteText(draft.text);
   refresh();
@@ -162,6 +164,7 @@ void NoteForm::refresh() {
   m_boardChip->setAccessibleName(tr("Board: %1").arg(m_draft.board));
 
   m_app->setPin(m_draft.isPinnedToApp ? AppPinChip::Pin::On : AppPinChip::Pin::Off);
+  m_app->setRepository(m_draft.repository);
 
   m_private->setText(tr("Private"));
   m_private->setAccessibleName(tr("Private"));
@@ -305,6 +308,25 @@ void NoteForm::chooseBoard() {
     });
   }
   popUp(menu, m_boardChip);
+}
+
+void NoteForm::choosePins() {
+  const auto offered = m_app->offeredRepository();
+  if (!offered) return;
+  auto* menu = new StickyMenu(this);
+  menu->setHeading(tr("Show only with"), QStringLiteral("pin"));
+  if (const QString name = m_app->applicationName(); !name.isEmpty()) {
+    connect(menu->addChoice(name, m_draft.isPinnedToApp), &QAction::triggered, this, [this] {
+      m_draft.isPinnedToApp = !m_draft.isPinnedToApp;
+      refresh();
+    });
+  }
+  const QString choice = menu->fontMetrics().elidedText(AppPinChip::choiceText(*offered), Qt::ElideMiddle, kLongestChoice);
+  connect(menu->addChoice(choice, m_draft.repository.has_value()), &QAction::triggered, this, [this, offered] {
+    m_draft.repository = m_draft.repository ? std::nullopt : offered;
+    refresh();
+  });
+  popUp(menu, m_app);
 }
 
 }  // namespace tarnwick

@@ -58,6 +58,7 @@ class NoteForm final : public QWidget {
   void chooseRepeat();
   void chooseStamp();
   void chooseBoard();
+  void choosePins();
   [[nodiscard]] QString dueText() const;
   [[nodiscard]] QRectF sheetRect() const { return {14, 54, 362, 148}; }
 

@@ -80,7 +80,9 @@ WindowServer& LinuxPorts::windowServer() {
 
 OtherWindows& LinuxPorts::otherWindows() {
   return lazily(m_otherWindows, [this]() -> std::unique_ptr<OtherWindows> {
-    if (isX11()) return std::make_unique<X11OtherWindows>(*m_x);
+    // Through XWayland the programs that use it too are all that there is.
+    const auto sight = session() == u"wayland" ? WindowSight::SomePrograms : WindowSight::All;
+    if (isX11()) return std::make_unique<X11OtherWindows>(*m_x, sight);
     return std::make_unique<NoOtherWindows>();
   });
 }

@@ -24,11 +24,15 @@ struct PointerState {
   bool operator==(const PointerState&) const = default;
 };
 
+/// Whose windows can be seen on this desktop.
+enum class WindowSight { All, SomePrograms, None };
+
 class OtherWindows {
  public:
   using FrameObserver = std::function<void(std::optional<DesktopRect>)>;
 
   virtual ~OtherWindows() = default;
+  [[nodiscard]] virtual WindowSight sight() const = 0;
   /// On screen, front to back, without desktop elements and without our own.
   [[nodiscard]] virtual std::vector<OtherWindow> onScreen() const = 0;
   /// Reports the frame of the focused window of a process, at once and on each change; nothing when it goes.

@@ -9,6 +9,7 @@
 #include "board/PaperSwatches.h"
 #include "board/TaskNoteView.h"
 
+#include <QDir>
 #include <QSignalSpy>
 
 namespace tarnwick::test {
@@ -32,6 +33,18 @@ class Composer : public BoardHarness {
     desk.context.start();
     desk.workspace.activate({bundleID, 77, name});
     settle();
+  }
+  /// An editor comes to the front with a file of that repository.
+  QString work(const QString& name, const QString& branch) {
+    const QString root = desk.folder.filePath(name);
+    QDir().mkpath(root);
+    desk.accessibility.windows[77] = u"/w"_s;
+    desk.accessibility.nodes[u"/w"_s].facts.document = root + u"/main.c"_s;
+    desk.git.answers[u"-C %1 rev-parse --show-toplevel"_s.arg(root)] = root;
+    desk.git.answers[u"-C %1 branch --show-current"_s.arg(root)] = branch;
+    visit(u"com.sublimetext.4"_s, u"Editor"_s);
+    desk.time.advance(1s);
+    return root;
   }
 };
 
@@ -156,6 +169,61 @@ TEST_F(Composer, saysWhatThePinWouldDo) {
   visit(u"org.term"_s, u"Terminal"_s);
   EXPECT_EQ(form().appChip().text(), u"Terminal"_s);
   EXPECT_EQ(form().appChip().toolTip(), u"Show this note only while Terminal is in front, docked to its window"_s);
+}
+
+TEST_F(Composer, offersTheRepositoryInFrontBesideTheApplication) {
+  const auto root = work(u"parser"_s, u"trunk"_s);
+  compose();
+  type(u"Rebase"_s);
+  auto& chip = form().appChip();
+  EXPECT_EQ(chip.toolTip(), u"Show this note only while Editor is in front, docked to its window\n"
+                            "Or pin it to the repository parser (%1)"_s.arg(root));
+  choose(chip, u"Repository parser (%1)"_s.arg(root));
+  EXPECT_EQ(chip.text(), u"parser"_s);
+  choose(chip, u"Editor"_s);
+  EXPECT_EQ(chip.text(), u"parser · Editor"_s);
+  choose(chip, u"Editor"_s);
+  stick();
+  const auto note = onlyNote();
+  ASSERT_TRUE(note);
+  EXPECT_EQ(note->record().gitRepoPath, root);
+  EXPECT_EQ(note->record().gitBranch, u"trunk"_s);
+  EXPECT_EQ(note->record().pinnedBundleID, std::nullopt);
+}
+
+TEST_F(Composer, keepsAndTakesAwayTheRepositoryOfANote) {
+  const auto task = desk.add(u"pinned"_s, [](auto& r) {
+    r.gitRepoPath = u"/srv/lexer"_s;
+    r.gitBranch = u"side"_s;
+  });
+  work(u"parser"_s, u"trunk"_s);
+  open().showEditor(task);
+  settle();
+  EXPECT_EQ(form().appChip().text(), u"lexer"_s);
+  stick();
+  EXPECT_EQ(task->record().gitRepoPath, u"/srv/lexer"_s);
+  EXPECT_EQ(task->record().gitBranch, u"side"_s);
+  open().showEditor(task);
+  settle();
+  choose(form().appChip(), u"Repository lexer (/srv/lexer)"_s);
+  stick();
+  EXPECT_EQ(desk.stored(task->id())->gitRepoPath, std::nullopt);
+  EXPECT_EQ(desk.stored(task->id())->gitBranch, std::nullopt);
+}
+
+TEST_F(Composer, saysWhereThisDesktopHidesItsApplications) {
+  visit(u"org.term"_s, u"Terminal"_s);
+  desk.services.sight = WindowSight::SomePrograms;
+  compose();
+  EXPECT_TRUE(form().appChip().toolTip().endsWith(u"only apps that run through XWayland can be seen"_s));
+  EXPECT_TRUE(form().appChip().isEnabled());
+}
+
+TEST_F(Composer, offersNoPinWhereNoApplicationCanBeSeen) {
+  desk.services.sight = WindowSight::None;
+  compose();
+  EXPECT_TRUE(form().appChip().toolTip().startsWith(u"This desktop does not tell"_s));
+  EXPECT_FALSE(form().appChip().isEnabled());
 }
 
 TEST_F(Composer, saysWhatPrivateMeans) {

@@ -102,6 +102,7 @@ class FakeOtherWindows final : public OtherWindows {
   std::vector<OtherWindow> windows;
   PointerState pointerState;
   bool canFollow = true;
+  WindowSight seen = WindowSight::All;
 
   /// The focused window of a process moved, or went.
   void move(qint64 pid, std::optional<DesktopRect> frame) {
@@ -110,6 +111,7 @@ class FakeOtherWindows final : public OtherWindows {
   }
   [[nodiscard]] int followerCount(qint64 pid) { return followers[pid].count(); }
 
+  [[nodiscard]] WindowSight sight() const override { return seen; }
   [[nodiscard]] std::vector<OtherWindow> onScreen() const override { return windows; }
   [[nodiscard]] Registration followFocusedWindow(qint64 pid, FrameObserver observer) override {
     if (!canFollow) return {};

@@ -14,6 +14,7 @@ namespace tarnwick {
 
 class NoOtherWindows final : public OtherWindows {
  public:
+  [[nodiscard]] WindowSight sight() const override { return WindowSight::None; }
   [[nodiscard]] std::vector<OtherWindow> onScreen() const override { return {}; }
   [[nodiscard]] Registration followFocusedWindow(qint64, FrameObserver) override { return {}; }
   [[nodiscard]] PointerState pointer() const override {

@@ -30,8 +30,8 @@ struct X11OtherWindows::Follower {
   bool isReportDue = false;
 };
 
-X11OtherWindows::X11OtherWindows(XcbConnection& connection)
-    : m_x(connection), m_clients(connection), m_followers(std::make_shared<Followers>()) {
+X11OtherWindows::X11OtherWindows(XcbConnection& connection, WindowSight sight)
+    : m_x(connection), m_sight(sight), m_clients(connection), m_followers(std::make_shared<Followers>()) {
   m_handles.push_back(m_x.select(m_x.root(), XCB_EVENT_MASK_PROPERTY_CHANGE));
   m_handles.push_back(m_x.onEvent([this](const auto& event) { handle(event); }));
 }

@@ -15,9 +15,10 @@ namespace tarnwick {
 
 class X11OtherWindows final : public QObject, public OtherWindows {
  public:
-  explicit X11OtherWindows(XcbConnection& connection);
+  X11OtherWindows(XcbConnection& connection, WindowSight sight);
   ~X11OtherWindows() override;
 
+  [[nodiscard]] WindowSight sight() const override { return m_sight; }
   [[nodiscard]] std::vector<OtherWindow> onScreen() const override;
   [[nodiscard]] Registration followFocusedWindow(qint64 pid, FrameObserver observer) override;
   [[nodiscard]] PointerState pointer() const override;
@@ -31,6 +32,7 @@ class X11OtherWindows final : public QObject, public OtherWindows {
   void report(Follower& follower);
 
   XcbConnection& m_x;
+  WindowSight m_sight;
   X11Clients m_clients;
   std::shared_ptr<Followers> m_followers;
   std::vector<Registration> m_handles;

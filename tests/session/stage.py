@@ -189,26 +189,26 @@ class Plain:
         self.x.close()
 
 
-class Terminal:
-    """An xterm: a real application with a desktop entry."""
+class Framed:
+    """A window of a real application, framed by the window manager."""
 
-    def __init__(self, server, title, geometry, *words):
+    def __init__(self, server, title, find):
         self.server = server
         self.title = title
-        self.process = subprocess.Popen(["xterm", "-geometry", geometry, *words, "-T", title, "-e", "sleep", "600"],
-                                        env={**os.environ, "LC_ALL": "C.UTF-8"}, stdout=subprocess.DEVNULL,
-                                        stderr=subprocess.DEVNULL)
-        self.window = wait(lambda: server.titled(title), f"the window {title!r}")
+        self.window = wait(find, f"the window {title!r}")
         wait(lambda: server.is_viewable(self.window) and server.property(self.window, "_NET_FRAME_EXTENTS") is not None,
              f"{title!r} is framed")
 
+    def is_in_front(self):
+        return self.server.active() == self.window.id
+
     def activate(self):
-        def is_in_front():
-            if self.server.active() == self.window.id:
+        def comes():
+            if self.is_in_front():
                 return True
             xdo("windowactivate", self.window.id)
-            return self.server.active() == self.window.id
-        wait(is_in_front, f"{self.title!r} is in front")
+            return self.is_in_front()
+        wait(comes, f"{self.title!r} is in front")
 
     def frame(self):
         return self.server.outer(self.window)
@@ -219,9 +219,45 @@ class Terminal:
     def resize(self, width, height):
         xdo("windowsize", self.window.id, width, height)
 
+    def minimize(self):
+        xdo("windowminimize", self.window.id)
+
+    def set_full_screen(self, value):
+        subprocess.run(["wmctrl", "-i", "-r", hex(self.window.id), "-b", ("add" if value else "remove") + ",fullscreen"],
+                       check=True)
+
+
+class Terminal(Framed):
+    """An xterm: a real application with a desktop entry."""
+
+    def __init__(self, server, title, geometry, *words):
+        self.process = subprocess.Popen(["xterm", "-geometry", geometry, *words, "-T", title, "-e", "sleep", "600"],
+                                        env={**os.environ, "LC_ALL": "C.UTF-8"}, stdout=subprocess.DEVNULL,
+                                        stderr=subprocess.DEVNULL)
+        super().__init__(server, title, lambda: server.titled(title))
+
     def close(self):
         self.process.terminate()
         self.process.wait()
+
+
+class Application(Framed):
+    """The window that comes when a command is run, whatever its title is and whichever process makes it."""
+
+    def __init__(self, server, window_class, *words):
+        known = {w.id for w in server.windows()}
+        self.process = subprocess.Popen(words, env={**os.environ, "LC_ALL": "C.UTF-8"}, stdout=subprocess.DEVNULL,
+                                        stderr=subprocess.DEVNULL)
+
+        def is_ours(window):
+            names = (server.property(window, "WM_CLASS") or b"").lower()
+            return window.id not in known and window_class.encode() in (names if isinstance(names, bytes) else names.encode())
+        super().__init__(server, window_class, lambda: next((w for w in server.windows() if is_ours(w)), None))
+
+    def close(self):
+        """As its close button does."""
+        subprocess.run(["wmctrl", "-i", "-c", hex(self.window.id)], check=False)
+        wait(lambda: all(w.id != self.window.id for w in self.server.windows()), f"{self.title!r} closes")
 
 
 def tear_at(tarnwick, text, x, y):

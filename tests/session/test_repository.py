@@ -1,28 +1,23 @@
 # SPDX-License-Identifier: MIT
-"""A note of a repository shows only while a file of that repository is in front in an editor."""
+"""A note of a repository shows only while a file of that repository is in front in an editor: a real one, on real git."""
+import json
 import os
 import pathlib
 import subprocess
 
 from driver import wait
-from stage import Terminal, expect, never, park, play
+from stage import Application, Terminal, expect, never, park, play
 
-ENTRY = """[Desktop Entry]
-Type=Application
-Name=Stand-in Editor
-Exec=standineditor %F
-StartupWMClass=StandInEditor
-Categories=Development;IDE;
-"""
+HOME = pathlib.Path(os.environ["HOME"])
 
 
 def git(folder, *words):
-    subprocess.run(["git", "-C", str(folder), "-c", "user.name=A", "-c", "user.email=a@example.org", *words], check=True,
-                   capture_output=True)
+    subprocess.run(["git", "-C", str(folder), "-c", "user.name=A", "-c", "user.email=a@example.org",
+                    "-c", "protocol.file.allow=always", *words], check=True, capture_output=True)
 
 
 def repository(name):
-    root = pathlib.Path(os.environ["HOME"]) / name
+    root = HOME / name
     (root / "src").mkdir(parents=True)
     (root / "src" / "main.c").write_text("int main(void) { return 0; }\n", encoding="utf-8")
     git(root, "init", "-q", "-b", "trunk")
@@ -33,28 +28,32 @@ def repository(name):
 
 def scene(tarnwick, server, say):
     park()
-    applications = pathlib.Path(os.environ["XDG_DATA_HOME"]) / "applications"
-    applications.mkdir(parents=True)
-    (applications / "org.example.StandIn.desktop").write_text(ENTRY, encoding="utf-8")
-    ours = repository("Büro und Garten")
+    ours = repository("Büro und Garten – Späße")
     theirs = repository("elsewhere")
     tarnwick.start("--background")
 
-    def editor(title, geometry):
-        window = Terminal(server, f"{title} - Stand-in Editor", geometry, "-class", "StandInEditor")
+    def editor(path):
+        """A window, and a process, of its own."""
+        window = Application(server, "geany", "geany", "-i", "-s", "-t", "-p", str(path))
+        wait(lambda: path.name in server.title(window.window), f"{path.name} is open")
+        window.resize(480, 300)
         window.activate()
         return window
 
     def context():
         return tarnwick.status()["context"]
 
-    first = editor("main.c (~/Büro und Garten/src)", "50x10+30+420")
+    terminal = Terminal(server, "Shell", "40x8+30+60")
+    first = editor(ours / "src" / "main.c")
+    terminal.activate()
+    first.activate()
     wait(lambda: context()["gitRoot"] == str(ours), "the repository is known")
     seen = context()
-    expect(seen["frontBundleID"] == "org.example.StandIn", f"the editor by its entry: {seen}")
+    expect(seen["frontBundleID"] == "geany", f"the editor by its entry: {seen}")
     expect(seen["folderPath"] == str(ours / "src") and seen["gitBranch"] == "trunk", f"folder and branch: {seen}")
     note = tarnwick.run("add", "Prune the roses", "--repo", str(ours), check=True).stdout.strip()
-    expect(tarnwick.note("roses")["gitRepoPath"] == str(ours), "the repository is stored")
+    stored = tarnwick.note("roses")
+    expect(stored["gitRepoPath"] == str(ours) and stored["gitBranch"] == "trunk", f"the repository is stored: {stored}")
 
     def shows(what):
         wait(lambda: tarnwick.window(note)["visible"] and server.note_window(tarnwick.window(note)["frame"]), what)
@@ -64,66 +63,100 @@ def scene(tarnwick, server, say):
 
     shows("the note shows with its repository")
     tarnwick.shot("shown")
-    other = editor("main.c (~/elsewhere/src)", "50x10+430+420")
+    other = editor(theirs / "src" / "main.c")
     wait(lambda: context()["gitRoot"] == str(theirs), "the other repository is known")
     hides("another repository hides it")
     first.activate()
     shows("it returns with its file")
-    terminal = Terminal(server, "Shell", "40x8+30+60")
     terminal.activate()
     hides("a program that is no editor hides it")
     say("shows only with its repository")
 
-    second = editor("README (~/Büro und Garten)", "50x8+430+200")
-    shows("another file of the repository shows it")
-    second.close()
-    wait(lambda: server.titled(second.title) is None, "the window closes")
-    first.activate()
-    shows("and the first one again")
-
     # on another branch, and with no branch at all
-    git(ours, "checkout", "-q", "-b", "winter")
-    terminal.activate()
-    hides("hidden")
-    first.activate()
+    def turned(*words):
+        git(ours, *words)
+        terminal.activate()
+        hides(f"hidden before {words}")
+        first.activate()
+
+    turned("checkout", "-q", "-b", "winter")
     wait(lambda: context()["gitBranch"] == "winter", "the new branch is read")
     shows("every branch shows it")
-    git(ours, "checkout", "-q", "--detach")
-    terminal.activate()
-    hides("hidden")
-    first.activate()
+    turned("checkout", "-q", "--detach")
     wait(lambda: context()["gitRoot"] == str(ours) and context()["gitBranch"] is None, "no branch")
     shows("without a branch too")
     say("whatever the branch")
+
+    # a second worktree and a submodule are repositories of their own
+    tree = HOME / "Zweig daneben"
+    git(ours, "worktree", "add", "-q", "-b", "spring", str(tree))
+    beside = editor(tree / "src" / "main.c")
+    wait(lambda: context()["gitRoot"] == str(tree) and context()["gitBranch"] == "spring", "the worktree is known")
+    hides("a worktree is another place")
+    git(ours, "submodule", "--quiet", "add", str(theirs), "Teil")
+    part = editor(ours / "Teil" / "src" / "main.c")
+    wait(lambda: context()["gitRoot"] == str(ours / "Teil"), "the submodule is known")
+    hides("a submodule is another one")
+    inner = tarnwick.run("add", "Ask upstream", "--repo", str(ours / "Teil" / "src"), check=True).stdout.strip()
+    wait(lambda: tarnwick.window(inner)["visible"], "the submodule's own note shows")
+    for each in (beside, part):
+        each.close()
+    first.activate()
+    shows("the file of the repository itself shows it")
+    wait(lambda: not tarnwick.window(inner)["visible"], "the submodule's is hidden")
+    tarnwick.run("crush", inner, check=True)
+    say("a worktree and a submodule are others")
 
     # one's own note, clicked, stays
     left, top, width, height = tarnwick.window(note)["frame"]
     tarnwick.click(left + width / 2, top + height - 40)
     wait(lambda: server.active() == server.note_window([left, top, width, height]).id, "the note is clicked")
     never(lambda: not tarnwick.window(note)["visible"], "a note vanished by being clicked")
-    expect(context()["frontBundleID"] == "org.example.StandIn" and context()["gitRoot"] == str(ours),
+    expect(context()["frontBundleID"] == "geany" and context()["gitRoot"] == str(ours),
            f"the editor behind the note counts: {context()}")
+    park()
+    first.activate()
+
+    # the composer offers what is in front, and the editor of the note takes it away again
     tarnwick.key("super+shift+t")
     wait(lambda: tarnwick.status()["board"]["visible"], "the board drops")
     never(lambda: context()["gitRoot"] != str(ours) or not tarnwick.window(note)["visible"], "the board hid the note")
-    tarnwick.key("super+shift+t")
+    tarnwick.key("super+n")
+    tarnwick.element("^Note$")
+    tarnwick.type("Water the beans")
+    tarnwick.click_element("^Pin to Geany or the repository")
+    tarnwick.shot("choices")
+    tarnwick.key("Down", "Down", "Return")
+    tarnwick.shot("composer")
+    tarnwick.key("super+Return")
+    beans = wait(lambda: tarnwick.note("beans"), "the note is written")
+    expect(beans["gitRepoPath"] == str(ours) and "pinnedBundleID" not in beans, f"pinned to the repository alone: {beans}")
     wait(lambda: not tarnwick.status()["board"]["visible"], "the board hides")
     terminal.activate()
     hides("hidden by another program")
+    wait(lambda: not tarnwick.window(beans["id"])["visible"], "so is the new one")
     first.activate()
-    shows("back")
+    wait(lambda: tarnwick.window(beans["id"])["visible"], "it comes back with the repository")
+    say("offered in the composer, with the repository in front")
 
     # the application and the repository together
     tarnwick.run("edit", note, "--pin", "org.example.Nothing", check=True)
     tarnwick.run("redock", note, check=True)
     tarnwick.run("tear", note, check=True)
     terminal.activate()
-    wait(lambda: context()["frontBundleID"] != "org.example.StandIn", "the terminal is in front")
-    hides("hidden")
+    wait(lambda: context()["frontBundleID"] != "geany", "the terminal is in front")
+    wait(lambda: not tarnwick.window(note)["visible"], "hidden")
     first.activate()
     wait(lambda: context()["gitRoot"] == str(ours), "the repository is in front")
     expect(not tarnwick.window(note)["visible"], "the wrong application does not show it")
     say("both pins must hold")
+
+    # whoever started us may not lead git elsewhere, and a note without its folder says so to nobody
+    expect(tarnwick.quit() == 0, "it ends well")
+    tarnwick.start("--background", env={"GIT_DIR": str(theirs / ".git")})
+    terminal.activate()
+    first.activate()
+    wait(lambda: context()["gitRoot"] == str(ours), f"its own repository, not the one of the environment: {json.dumps(context())}")
     for each in (first, other, terminal):
         each.close()
 

@@ -37,22 +37,28 @@ def quantile(values, part):
 
 
 class Costs:
-    """Processor time and wake-ups of a process since it was made."""
+    """Processor time and wake-ups of a process since it was made. A thread that has ended meanwhile counts for nothing."""
 
     def __init__(self, pid):
         self.folder = pathlib.Path("/proc") / str(pid) / "task"
-        self.time, self.wakes = self.read()
+        self.before = self.read()
 
     def read(self):
-        spent = wakes = 0
+        threads = {}
         for task in self.folder.iterdir():
-            spent += int((task / "schedstat").read_text().split()[0])
-            wakes += int(re.search(r"\nvoluntary_ctxt_switches:\s+(\d+)", (task / "status").read_text()).group(1))
-        return spent / 1e9, wakes
+            try:
+                spent = int((task / "schedstat").read_text().split()[0])
+                wakes = int(re.search(r"\nvoluntary_ctxt_switches:\s+(\d+)", (task / "status").read_text()).group(1))
+                threads[task.name] = (spent, wakes)
+            except FileNotFoundError:
+                continue
+        return threads
 
     def since(self):
-        spent, wakes = self.read()
-        return spent - self.time, wakes - self.wakes
+        now = self.read()
+        spent, wakes = (sum(each[part] - self.before.get(thread, (0, 0))[part] for thread, each in now.items())
+                        for part in (0, 1))
+        return spent / 1e9, wakes
 
 
 class Watch:

@@ -174,6 +174,8 @@ TEST_F(GitQueueTest, nothingThatARepositoryNamesIsRun) {
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
   };
   plain({u"init"_s, u"-q"_s, u"-b"_s, u"main"_s, root});
+  plain({u"-C"_s, root, u"-c"_s, u"user.name=A"_s, u"-c"_s, u"user.email=a@b"_s, u"commit"_s, u"-q"_s,
+         u"--allow-empty"_s, u"-m"_s, u"One"_s});
   ASSERT_TRUE(QDir(root).mkpath(u".git/hooks"_s));
   ASSERT_TRUE(QFile::copy(trap, root + u"/.git/hooks/post-checkout"_s));
   for (const auto* key : {"core.fsmonitor", "core.pager", "core.askPass", "pager.branch", "credential.helper"}) {

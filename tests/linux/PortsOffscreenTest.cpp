@@ -20,6 +20,7 @@ TEST(WithoutX11, EveryPortIsServedOrSaysWhyNot) {
   ASSERT_EQ(ports.screens().all().size(), 1U);
   EXPECT_EQ(ports.screens().all().front().frame.origin(), DesktopPoint{});
   EXPECT_TRUE(ports.otherWindows().onScreen().empty());
+  EXPECT_EQ(ports.otherWindows().sight(), WindowSight::None);
   EXPECT_FALSE(ports.workspace().frontmost());
   const auto keys = ports.hotKeys().registerChord(QStringLiteral("Meta+Shift+T"), [] {});
   EXPECT_NE(keys.status, 0);

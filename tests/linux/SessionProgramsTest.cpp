@@ -6,6 +6,7 @@
 #include "platform/Accessibility.h"
 #include "platform/OtherWindows.h"
 #include "platform/Screens.h"
+#include "platform/WindowServer.h"
 #include "platform/Workspace.h"
 
 #include <QWidget>
@@ -84,6 +85,25 @@ TEST_F(Programs, IncludeOurselvesUnderOurOwnIdentifier) {
   EXPECT_EQ(workspace.frontmost()->pid, QCoreApplication::applicationPid());
 }
 
+TEST_F(Programs, StayInFrontBehindOurPanels) {
+  PeerProgram peer;
+  peer.tell("window 100 100 300 200 Behind");
+  ASSERT_TRUE(holdsSoon([&] { return isFront(peer); }));
+  QStringList log;
+  const auto on = workspace.onActivated([&](const auto& application) { log << QString::number(application.pid); });
+  const auto off = workspace.onDeactivated([&](const auto&) { log << QStringLiteral("off"); });
+  QWidget panel(nullptr, Qt::Tool);
+  panel.setGeometry(500, 300, 200, 120);
+  panel.show();
+  ports.windowServer().activate(*panel.windowHandle());
+  ASSERT_TRUE(holdsSoon([&] { return !log.isEmpty(); }));
+  EXPECT_EQ(log, QStringList{QString::number(QCoreApplication::applicationPid())}) << "our activation is told";
+  EXPECT_TRUE(isFront(peer));
+  peer.tell("front");
+  EXPECT_TRUE(holdsSoon([&] { return log.size() == 2; }));
+  EXPECT_EQ(log.last(), QString::number(peer.pid())) << "and that it is back, which it never left";
+}
+
 TEST_F(Programs, AreNobodyWhenNoWindowHasTheKeyboard) {
   PeerProgram peer;
   peer.tell("window 100 100 300 200 Only");
@@ -146,6 +166,22 @@ TEST_F(AFollowedWindow, ReportsMovesSizesMinimizingAndItsEnd) {
   EXPECT_EQ(reports, before) << "nobody listens any more";
 }
 
+TEST_F(AFollowedWindow, IsReportedToEachThatFollowsIt) {
+  PeerProgram peer;
+  peer.tell("window 200 150 400 250 Followed");
+  ASSERT_TRUE(holdsSoon([&] { return isFront(peer); }));
+  follow(peer);
+  std::optional<DesktopRect> seen;
+  auto second = others.followFocusedWindow(peer.pid(), [&](auto frame) { seen = frame; });
+  EXPECT_TRUE(seen) << "at once, to the second too";
+  peer.tell("resize 460 250");
+  EXPECT_TRUE(holdsSoon([&] { return isWide(460) && seen == last; }));
+  second.cancel();
+  peer.tell("resize 520 250");
+  EXPECT_TRUE(holdsSoon([&] { return isWide(520); })) << "the first goes on";
+  EXPECT_NE(seen, last);
+}
+
 TEST_F(AFollowedWindow, IsFollowedThroughADragByItsTitleBar) {
   PeerProgram peer;
   peer.tell("window 200 150 400 250 Dragged");
@@ -197,6 +233,14 @@ TEST_F(Programs, PointerAndOptionKeyAreRead) {
   EXPECT_TRUE(others.pointer().isOptionDown);
   xdotool(QStringLiteral("keyup Alt_L"));
   EXPECT_FALSE(others.pointer().isOptionDown);
+}
+
+TEST(TheSession, SaysWhoseWindowsCanBeSeen) {
+  const auto session = qgetenv("XDG_SESSION_TYPE");
+  EXPECT_EQ(LinuxPorts().otherWindows().sight(), WindowSight::All);
+  qputenv("XDG_SESSION_TYPE", "wayland");
+  EXPECT_EQ(LinuxPorts().otherWindows().sight(), WindowSight::SomePrograms);
+  qputenv("XDG_SESSION_TYPE", session);
 }
 
 class TheAccessibleDesktop : public Programs {

@@ -222,9 +222,14 @@ class Framed:
     def minimize(self):
         xdo("windowminimize", self.window.id)
 
+    def unmaximize(self):
+        self._change("remove,maximized_vert,maximized_horz")
+
     def set_full_screen(self, value):
-        subprocess.run(["wmctrl", "-i", "-r", hex(self.window.id), "-b", ("add" if value else "remove") + ",fullscreen"],
-                       check=True)
+        self._change(("add" if value else "remove") + ",fullscreen")
+
+    def _change(self, states):
+        subprocess.run(["wmctrl", "-i", "-r", hex(self.window.id), "-b", states], check=True)
 
 
 class Terminal(Framed):

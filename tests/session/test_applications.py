@@ -34,7 +34,13 @@ def pcmanfm(server):
 
 
 def firefox(server):
-    return Application(server, "firefox", "firefox-esr", "--new-window", "--profile", str(HOME), "about:blank")
+    profile = HOME / "profile"
+    profile.mkdir(exist_ok=True)
+    (profile / "user.js").write_text("""user_pref("datareporting.policy.dataSubmissionEnabled", false);
+user_pref("browser.shell.checkDefaultBrowser", false);
+user_pref("browser.aboutwelcome.enabled", false);
+""", encoding="utf-8")
+    return Application(server, "firefox", "firefox-esr", "--profile", str(profile), "--new-window", "about:blank")
 
 
 APPLICATIONS = {"xterm": xterm, "geany": geany, "pcmanfm": pcmanfm}
@@ -77,7 +83,8 @@ def follow(tarnwick, server, name, launch, monitors):
         wait(lambda: not window()["visible"] and not server.notes(), f"{name} hides: {what}")
 
     def reshape(to, x, y, width, height):
-        before = to.frame()
+        to.unmaximize()
+        before = settled(to.frame, f"{name}'s window")
         to.resize(width, height)
         to.move(x, y)
         wait(lambda: to.frame()[:2] != before[:2] and to.frame()[2:] != before[2:], f"{name} changes its shape")
@@ -140,6 +147,7 @@ def follow(tarnwick, server, name, launch, monitors):
 
     target.close()
     hides("closed")
+    wait(lambda: target.process.poll() is not None, f"{name} ends")
     target = launch(server)
     target.activate()
     docks(target, "opened again")

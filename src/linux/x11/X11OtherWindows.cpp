@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "linux/x11/X11OtherWindows.h"
 
+#include "linux/Observers.h"
 #include "linux/x11/NativeSpace.h"
 
 #include <QMetaObject>
@@ -21,7 +22,7 @@ constexpr int kBelowLayer = -1;
 
 struct X11OtherWindows::Follower {
   qint64 pid = 0;
-  FrameObserver observer;
+  Observers<std::optional<DesktopRect>> observers;  // all notes at one window share the reading of its frame
   xcb_window_t client = XCB_NONE;
   xcb_window_t around = XCB_NONE;  // the window manager's frame
   std::vector<Registration> events;
@@ -62,14 +63,19 @@ std::vector<OtherWindow> X11OtherWindows::onScreen() const {
 
 Registration X11OtherWindows::followFocusedWindow(qint64 pid, FrameObserver observer) {
   if (pid < 1) return {};
-  auto follower = std::make_shared<Follower>();
-  follower->pid = pid;
-  follower->observer = std::move(observer);
-  m_followers->push_back(follower);
-  attach(*follower);
+  const auto known = std::find_if(m_followers->begin(), m_followers->end(), [&](const auto& each) { return each->pid == pid; });
+  auto follower = known == m_followers->end() ? std::make_shared<Follower>() : *known;
+  if (known == m_followers->end()) {
+    follower->pid = pid;
+    m_followers->push_back(follower);
+    attach(*follower);
+  }
   report(*follower);
-  return Registration([follower, weak = std::weak_ptr(m_followers)] {
-    follower->observer = nullptr;
+  const auto handle = std::make_shared<Registration>(follower->observers.add(observer));
+  observer(follower->last);
+  return Registration([follower, handle, weak = std::weak_ptr(m_followers)] {
+    handle->cancel();
+    if (!follower->observers.isEmpty()) return;
     follower->events.clear();
     if (const auto followers = weak.lock()) std::erase(*followers, follower);
   });
@@ -143,7 +149,7 @@ void X11OtherWindows::reportLater(const std::shared_ptr<Follower>& follower) {
       this,
       [this, follower] {
         follower->isReportDue = false;
-        if (follower->observer) report(*follower);
+        if (!follower->observers.isEmpty()) report(*follower);
       },
       Qt::QueuedConnection);
 }
@@ -156,8 +162,7 @@ void X11OtherWindows::report(Follower& follower) {
   if (follower.hasReported && frame == follower.last) return;
   follower.hasReported = true;
   follower.last = frame;
-  const auto observer = follower.observer;  // it may end the following
-  observer(frame);
+  follower.observers.notify(frame);
 }
 
 }  // namespace tarnwick

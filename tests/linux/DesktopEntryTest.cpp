@@ -129,9 +129,10 @@ class ProcessesOfApplications : public InstalledEntries {
                       std::to_string(pid) + "\0B=2\0"s;
     return QByteArray::fromStdString(text);
   }
-  [[nodiscard]] QString idOf(qint64 pid, const char* windowClass) const {
+  [[nodiscard]] QString idOf(qint64 pid, const char* windowClass, const char* desktopId = "") const {
     const AppCatalog catalog(ProcessEntry(folder("proc")), DesktopEntries({folder("d")}));
-    const auto* entry = catalog.entryOf(pid, QLatin1StringView(windowClass).toString().toLower(), QLatin1StringView(windowClass));
+    const QString name = QLatin1StringView(windowClass);
+    const auto* entry = catalog.entryOf(pid, {QLatin1StringView(desktopId), name.toLower(), name});
     return entry ? entry->id : QString();
   }
   void SetUp() override {
@@ -161,6 +162,11 @@ TEST_F(ProcessesOfApplications, StartedFromATerminalAreNotTheTerminal) {
   process(12, 11, {{QStringLiteral("environ"), environment}});
   EXPECT_EQ(idOf(12, "Geany"), u"geany");
   EXPECT_EQ(idOf(12, "Tool"), QString());
+}
+
+TEST_F(ProcessesOfApplications, AreKnownByTheDesktopIdOfTheirWindowBeforeItsClass) {
+  EXPECT_EQ(idOf(1, "Geany", "org.example.Paint"), u"org.example.Paint");
+  EXPECT_EQ(idOf(1, "Geany", "org.example.Gone"), u"geany") << "an id without an entry says nothing";
 }
 
 TEST_F(ProcessesOfApplications, BehindAWrapperAreTheWrappersUnlessTheirWindowKnowsBetter) {

@@ -23,6 +23,15 @@ ClientClass X11Clients::classOf(xcb_window_t window) const {
   return {QString::fromLatin1(parts.value(0)), QString::fromLatin1(parts.value(1))};
 }
 
+QString X11Clients::desktopIdOf(xcb_window_t window) const {
+  for (const char* name : {"_GTK_APPLICATION_ID", "_KDE_NET_WM_DESKTOP_FILE"}) {
+    auto id = QString::fromUtf8(m_x.property(window, name)).section(u'/', -1);  // some write the file's path
+    if (id.endsWith(u".desktop")) id.chop(8);
+    if (!id.isEmpty()) return id;
+  }
+  return {};
+}
+
 QString X11Clients::titleOf(xcb_window_t window) const {
   const auto title = m_x.property(window, "_NET_WM_NAME");
   if (!title.isEmpty()) return QString::fromUtf8(title);

@@ -22,6 +22,8 @@ class X11Clients final {
   /// The process on this machine that the window belongs to; 0 for a window of another machine.
   [[nodiscard]] qint64 pidOf(xcb_window_t window) const;
   [[nodiscard]] ClientClass classOf(xcb_window_t window) const;
+  /// The desktop id that the window itself names, as toolkits write it; mostly empty.
+  [[nodiscard]] QString desktopIdOf(xcb_window_t window) const;
   [[nodiscard]] QString titleOf(xcb_window_t window) const;
   [[nodiscard]] ClientKind kindOf(xcb_window_t window) const;
   [[nodiscard]] bool hasState(xcb_window_t window, const char* state) const;

@@ -139,7 +139,7 @@ RunningApplication X11Workspace::describe(xcb_window_t window, qint64 pid) const
     return application;
   }
   const auto windowClass = m_clients.classOf(window);
-  if (const auto* entry = m_catalog.entryOf(pid, windowClass.instance, windowClass.name)) {
+  if (const auto* entry = m_catalog.entryOf(pid, {m_clients.desktopIdOf(window), windowClass.instance, windowClass.name})) {
     application.bundleID = entry->id;
     application.name = entry->name;
     application.isCodeEditor = isCodeEditor(entry->id);

@@ -31,9 +31,10 @@ std::pair<QString, QIcon> AppCatalog::identity(const QString& id) const {
   return {entry->name, *icon};
 }
 
-const DesktopEntry* AppCatalog::entryOf(qint64 pid, const QString& instance, const QString& windowClass) const {
+const DesktopEntry* AppCatalog::entryOf(qint64 pid, const WindowNames& names) const {
   if (const auto* entry = m_entries.byId(m_processes.certain(pid))) return entry;
-  if (const auto* entry = m_entries.byWindowClass(instance, windowClass)) return entry;
+  if (const auto* entry = m_entries.byId(names.desktopId)) return entry;
+  if (const auto* entry = m_entries.byWindowClass(names.instance, names.windowClass)) return entry;
   return m_entries.byId(m_processes.ofWrapper(pid));
 }
 

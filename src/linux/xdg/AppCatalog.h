@@ -12,14 +12,21 @@
 
 namespace tarnwick {
 
+/// What a window says of the application it belongs to; each may be empty.
+struct WindowNames {
+  QString desktopId;
+  QString instance;
+  QString windowClass;
+};
+
 class AppCatalog final {
  public:
   explicit AppCatalog(ProcessEntry processes = ProcessEntry(), DesktopEntries entries = DesktopEntries());
 
   /// The identifier itself and a null icon for an application that is not installed.
   [[nodiscard]] std::pair<QString, QIcon> identity(const QString& id) const;
-  /// The entry of a process with a window of that class; null when no entry fits.
-  [[nodiscard]] const DesktopEntry* entryOf(qint64 pid, const QString& instance, const QString& windowClass) const;
+  /// The entry of a process with a window of those names; null when no entry fits.
+  [[nodiscard]] const DesktopEntry* entryOf(qint64 pid, const WindowNames& names) const;
 
  private:
   ProcessEntry m_processes;

@@ -2,6 +2,7 @@
 // Other programs and their windows, against a real window manager.
 #include "Session.h"
 #include "linux/LinuxPorts.h"
+#include "linux/atspi/AtSpiDocuments.h"
 #include "linux/x11/X11Clients.h"
 #include "platform/Accessibility.h"
 #include "platform/OtherWindows.h"
@@ -9,6 +10,10 @@
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
 
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QUrl>
 #include <QWidget>
 
 #include <csignal>
@@ -298,6 +303,49 @@ TEST_F(TheAccessibleDesktop, IsSwitchedOnByTheUserAndNeverByAStart) {
   access.requestTrust(TrustRequest::ByUser);
   EXPECT_TRUE(holdsSoon([&] { return access.isTrusted(AccessNeed::Tree); }));
   EXPECT_TRUE(isOn());
+}
+
+struct AddressRow {
+  const char* address;
+  const char* programFolder;
+  const char* document;
+};
+class APublishedAddress : public testing::TestWithParam<AddressRow> {};
+TEST_P(APublishedAddress, IsADocumentWhenItIsAFileOfTheUsers) {
+  const auto& row = GetParam();
+  EXPECT_EQ(userDocument(QString::fromUtf8(row.address), QString::fromUtf8(row.programFolder)).value_or(QString()),
+            QString::fromUtf8(row.document));
+}
+INSTANTIATE_TEST_SUITE_P(
+    Rows, APublishedAddress,
+    testing::Values(AddressRow{"file:///home/ada/a%20b/main.c", "/usr/bin", "/home/ada/a b/main.c"},
+                    AddressRow{"/home/ada/100%/main.c", "/usr/bin", "/home/ada/100%/main.c"},
+                    AddressRow{"vscode-file://vscode-app/usr/share/code/workbench.html", "/usr/share/code", ""},
+                    AddressRow{"file:///usr/share/code/resources/workbench.html", "/usr/share/code", ""},
+                    AddressRow{"https://example.org/main.c", "", ""}, AddressRow{"about:blank", "", ""},
+                    AddressRow{"", "", ""}));
+
+// No editor of the distribution publishes its document; a browser does.
+TEST_F(TheAccessibleDesktop, TellsTheDocumentOfAWindowThatPublishesIt) {
+  if (!qEnvironmentVariableIsSet("TARNWICK_FULL")) GTEST_SKIP() << "only in the full run, which has a browser";
+  ASSERT_TRUE(holdsSoon([&] { return access.isTrusted(AccessNeed::Tree); }));
+  QTemporaryDir folder;
+  QFile page(folder.filePath(QStringLiteral("a page.html")));
+  ASSERT_TRUE(page.open(QIODevice::WriteOnly));
+  page.write("<title>Told</title><p>Text</p>");
+  page.close();
+  QProcess browser;
+  browser.start(QStringLiteral("firefox-esr"),
+                {QStringLiteral("--profile"), folder.path(), QStringLiteral("--new-window"),
+                 QUrl::fromLocalFile(page.fileName()).toString(QUrl::FullyEncoded)});
+  ASSERT_TRUE(browser.waitForStarted());
+  EXPECT_TRUE(holdsSoon([&] {
+    const auto window = access.focusedWindow(browser.processId());
+    const auto facts = window ? access.facts(*window) : std::nullopt;
+    return facts && facts->document == page.fileName();
+  }));
+  browser.terminate();
+  browser.waitForFinished(20000);
 }
 
 TEST_F(TheAccessibleDesktop, ShowsTheTrashOfAPanelByAndBy) {

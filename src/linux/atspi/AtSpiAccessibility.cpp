@@ -106,7 +106,7 @@ std::optional<ElementFacts> AtSpiAccessibility::windowFacts(xcb_window_t window)
   facts.title = m_clients.titleOf(window);
   facts.role = QStringLiteral("AXWindow");
   facts.frame = desktopFromNative(*frame);
-  // Windows publish no document; what a title says of one is for those who know editors.
+  facts.document = m_documents.look(m_clients.pidOf(window), facts.title);
   return facts;
 }
 

@@ -3,6 +3,7 @@
 // desktops from the accessibility bus. Everything is answered at once from what is known.
 #pragma once
 
+#include "linux/atspi/AtSpiDocuments.h"
 #include "linux/atspi/AtSpiTree.h"
 #include "linux/dbus/PlankDock.h"
 #include "linux/x11/X11Clients.h"
@@ -40,6 +41,7 @@ class AtSpiAccessibility final : public Accessibility {
   PlankDock& m_plank;
   X11Clients m_clients;
   mutable AtSpiTree m_tree;
+  mutable AtSpiDocuments m_documents{m_tree};
   Registration m_rootChanges;
   Registration m_events;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "linux/atspi/AtSpiTree.h"
 
+#include "linux/atspi/AtSpiReply.h"
 #include "linux/x11/NativeSpace.h"
 
 #include <QDBusArgument>
@@ -13,58 +14,24 @@ namespace tarnwick {
 
 namespace {
 
+using atspi::getter;
+using atspi::kMostChildren;
+using atspi::propertyFrom;
+using atspi::refsFrom;
+
 const QString kBusService = QStringLiteral("org.a11y.Bus");
 const QString kBusPath = QStringLiteral("/org/a11y/bus");
 const QString kStatus = QStringLiteral("org.a11y.Status");
 const QString kProperties = QStringLiteral("org.freedesktop.DBus.Properties");
 const QString kAccessible = QStringLiteral("org.a11y.atspi.Accessible");
 const QString kComponent = QStringLiteral("org.a11y.atspi.Component");
-const QString kRegistry = QStringLiteral("org.a11y.atspi.Registry");
-const QString kRoot = QStringLiteral("/org/a11y/atspi/accessible/root");
 const QString kConnectionName = QStringLiteral("tarnwick-accessibility");
 
-constexpr int kAnswerTime = 100;  // ms
 constexpr int kDeepest = 8;       // levels below an application that anybody looks at
 constexpr int kMostNodes = 1500;
-constexpr int kMostChildren = 128;
 constexpr int kMostSilences = 3;  // unanswered calls after which a program is left alone
 
 QString keyOf(const ElementRef& element) { return element.service + element.path; }
-
-std::optional<ElementRef> takeRef(const QDBusArgument& argument) {
-  if (argument.currentType() != QDBusArgument::StructureType) return std::nullopt;
-  QString service;
-  QDBusObjectPath path;
-  argument.beginStructure();
-  argument >> service >> path;
-  argument.endStructure();
-  return ElementRef{service, path.path()};
-}
-
-/// Elements of an a(so), or of a single (so).
-std::vector<ElementRef> refsFrom(const QDBusMessage& reply) {
-  std::vector<ElementRef> refs;
-  const auto values = reply.arguments();
-  if (values.isEmpty() || !values.front().canConvert<QDBusArgument>()) return refs;
-  const auto argument = values.front().value<QDBusArgument>();  // const: a writable one would be written to
-  if (argument.currentType() == QDBusArgument::ArrayType) {
-    argument.beginArray();
-    while (!argument.atEnd() && refs.size() < kMostChildren) {
-      const auto ref = takeRef(argument);
-      if (!ref) break;
-      refs.push_back(*ref);
-    }
-    argument.endArray();
-  } else if (const auto ref = takeRef(argument)) {
-    refs.push_back(*ref);
-  }
-  return refs;
-}
-
-QVariant propertyFrom(const QDBusMessage& reply) {
-  const auto values = reply.arguments();
-  return values.isEmpty() ? QVariant() : values.front().value<QDBusVariant>().variant();
-}
 
 std::optional<DesktopRect> frameFrom(const QDBusMessage& reply) {
   const auto values = reply.arguments();
@@ -90,12 +57,6 @@ QString roleFrom(const QString& name) {
   if (name == u"icon" || name == u"image") return QStringLiteral("AXImage");
   if (name == u"frame" || name == u"window") return QStringLiteral("AXWindow");
   return name;
-}
-
-QDBusMessage getter(const ElementRef& element, const QString& property) {
-  auto message = QDBusMessage::createMethodCall(element.service, element.path, kProperties, QStringLiteral("Get"));
-  message << kAccessible << property;
-  return message;
 }
 
 }  // namespace
@@ -127,11 +88,7 @@ const AccessibleNode* AtSpiTree::node(const ElementRef& element) const {
 }
 
 void AtSpiTree::call(const QDBusConnection& bus, const QDBusMessage& message, Answer answer) {
-  auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message, kAnswerTime), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [answer = std::move(answer)](QDBusPendingCallWatcher* done) {
-    done->deleteLater();
-    answer(done->reply());
-  });
+  atspi::call(bus, message, this, std::move(answer));
 }
 
 void AtSpiTree::readStatus() {
@@ -193,8 +150,7 @@ void AtSpiTree::refresh() {
     return;
   }
   ++m_job->open;
-  const auto message = QDBusMessage::createMethodCall(kRegistry, kRoot, kAccessible, QStringLiteral("GetChildren"));
-  call(m_bus, message, [this](const QDBusMessage& reply) {
+  call(m_bus, atspi::applications(), [this](const QDBusMessage& reply) {
     for (const auto& application : refsFrom(reply)) readApplication(application);
     --m_job->open;
     finishIfDone();
@@ -203,13 +159,9 @@ void AtSpiTree::refresh() {
 
 void AtSpiTree::readApplication(const ElementRef& application) {
   ++m_job->open;
-  auto message = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-                                                QStringLiteral("org.freedesktop.DBus"),
-                                                QStringLiteral("GetConnectionUnixProcessID"));
-  message << application.service;
-  call(m_bus, message, [this, application](const QDBusMessage& reply) {
-    const qint64 pid = reply.arguments().isEmpty() ? 0 : reply.arguments().front().toUInt();
-    if (reply.type() == QDBusMessage::ReplyMessage && pid != getpid() && m_job->docks.contains(pid)) {
+  call(m_bus, atspi::processOf(application), [this, application](const QDBusMessage& reply) {
+    const qint64 pid = atspi::processFrom(reply);
+    if (pid > 0 && pid != getpid() && m_job->docks.contains(pid)) {
       m_job->reading.docks.push_back(application);
       readNode(application, -1);
     }

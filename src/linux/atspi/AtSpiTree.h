@@ -41,6 +41,7 @@ class AtSpiTree final : public QObject {
 
   /// The bus is reachable and accessibility is switched on.
   [[nodiscard]] bool isOn() const { return m_isEnabled && m_bus.isConnected(); }
+  [[nodiscard]] const QDBusConnection& bus() const { return m_bus; }
   void switchOn();
   /// Starts a reading unless one runs.
   void refresh();

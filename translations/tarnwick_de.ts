@@ -518,6 +518,42 @@
         <source>Show this note only while %1 is in front, docked to its window</source>
         <translation>Diese Notiz nur zeigen, solange %1 vorn ist, an dessen Fenster angedockt</translation>
     </message>
+    <message>
+        <source>Repository %1 (%2)</source>
+        <translation>Repository %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Show this note only while %1 is in front with a file of the repository %2 (%3)</source>
+        <translation>Diese Notiz nur zeigen, solange %1 mit einer Datei des Repositorys %2 (%3) vorn ist</translation>
+    </message>
+    <message>
+        <source>Show this note only while an editor is in front with a file of the repository %1 (%2)</source>
+        <translation>Diese Notiz nur zeigen, solange ein Editor mit einer Datei des Repositorys %1 (%2) vorn ist</translation>
+    </message>
+    <message>
+        <source>Or pin it to the repository %1 (%2)</source>
+        <translation>Oder sie an das Repository %1 (%2) heften</translation>
+    </message>
+    <message>
+        <source>This desktop does not tell which app is in front: pinned notes cannot follow one here</source>
+        <translation>Dieser Desktop verrät nicht, welches Programm vorn ist: Angeheftete Notizen können hier keinem folgen</translation>
+    </message>
+    <message>
+        <source>On this desktop only apps that run through XWayland can be seen</source>
+        <translation>Auf diesem Desktop sind nur Programme zu sehen, die über XWayland laufen</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
+    </message>
+    <message>
+        <source>Pin to the repository %1</source>
+        <translation>An das Repository %1 heften</translation>
+    </message>
+    <message>
+        <source>Pin to %1 or the repository %2</source>
+        <translation>An %1 oder das Repository %2 heften</translation>
+    </message>
 </context>
 <context>
     <name>tarnwick::AshesOverlay</name>
@@ -1261,6 +1297,10 @@
     <message>
         <source>Board</source>
         <translation>Brett</translation>
+    </message>
+    <message>
+        <source>Show only with</source>
+        <translation>Nur zeigen mit</translation>
     </message>
 </context>
 <context>

@@ -40,7 +40,8 @@ class Instance {
  public:
   virtual ~Instance() = default;
   [[nodiscard]] virtual PortTraits traits() const = 0;
-  /// Takes the session's name. Second: another Tarnwick has it. NoBus: there is nobody to ask; the store's lock decides.
+  /// Takes the session's name. Second: another Tarnwick with this store has it. NoBus: there is nobody to ask, or somebody
+  /// with a store of their own; the store's lock decides.
   [[nodiscard]] virtual InstanceRole acquire(InstanceHandlers handlers) = 0;
   /// Sends a command to the one that has the name.
   [[nodiscard]] virtual CommandReply forward(const CommandCall& call) = 0;

@@ -22,6 +22,7 @@ namespace {
 
 const QString kPath = QStringLiteral("/app/tarnwick/Tarnwick");
 const QString kCommandInterface = QStringLiteral("app.tarnwick.Tarnwick1");
+constexpr int kReachTimeout = 2000;  // ms
 constexpr int kForwardTimeout = 30000;  // ms: a save on a slow disk, an export of every note
 constexpr std::array kEndingSignals = {SIGTERM, SIGINT, SIGHUP};
 
@@ -89,18 +90,31 @@ InstanceRole DBusInstance::acquire(InstanceHandlers handlers) {
     // The object first: whoever sees the name may call at once.
     m_bus.registerObject(kPath, this);
     m_isOwner = m_bus.registerService(kApplicationID);
-    if (!m_isOwner) {
+    if (m_isOwner) {
+      role = InstanceRole::First;
+    } else {
       m_bus.unregisterObject(kPath);
-      m_handlers = {};
-      return InstanceRole::Second;
+      // Whoever shares the bus but not the notes is none of ours; whoever does not answer may still be starting.
+      if (const auto path = storePathOfOwner(); path.isEmpty() || path == m_handlers.storePath) {
+        m_handlers = {};
+        return InstanceRole::Second;
+      }
     }
-    role = InstanceRole::First;
   }
   listenForSignals();
   connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this](const QSessionManager&) {
     if (m_handlers.sessionEnds) m_handlers.sessionEnds();
   });
   return role;
+}
+
+QString DBusInstance::storePathOfOwner() {
+  auto get = QDBusMessage::createMethodCall(kApplicationID, kPath, QStringLiteral("org.freedesktop.DBus.Properties"),
+                                            QStringLiteral("Get"));
+  get.setAutoStartService(false);
+  get << kCommandInterface << QStringLiteral("StorePath");
+  const auto values = m_bus.call(get, QDBus::Block, kReachTimeout).arguments();
+  return values.size() == 1 ? values[0].value<QDBusVariant>().variant().toString() : QString();
 }
 
 CommandReply DBusInstance::forward(const CommandCall& call) {

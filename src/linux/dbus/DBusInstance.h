@@ -27,6 +27,8 @@ class DBusInstance final : public QObject, public Instance {
 
  private:
   void listenForSignals();
+  /// Empty when the owner of the name does not answer.
+  [[nodiscard]] QString storePathOfOwner();
 
   QDBusConnection m_bus;
   InstanceHandlers m_handlers;

@@ -200,7 +200,7 @@ void measureFlights(LinuxPorts& ports, Stage& stage) {
     QEventLoop loop;
     const double before = processorTime();
     const double asked = stage.now();
-    animator.play({150, 300, 250, 200}, QColor(0xFF, 0xE1, 0x69), {}, Motion::Full, [&] { loop.quit(); });
+    const auto flight = animator.play({150, 300, 250, 200}, QColor(0xFF, 0xE1, 0x69), {}, Motion::Full, [&] { loop.quit(); });
     loop.exec();
     costs.push_back(processorTime() - before);
     if (watch.moments.empty()) continue;

@@ -92,6 +92,7 @@ void NoteCrush::abort() {
   if (!m_isCrushing) return;
   ++m_generation;
   m_crushWorkItem.cancel();
+  m_flight.cancel();
   setCrushing(false);
   Q_EMIT aborted();
 }
@@ -124,7 +125,10 @@ void NoteCrush::beginTorn(const TornNote& torn) {
 
 void NoteCrush::fly(const DesktopRect& from, const QImage& picture, std::function<void()> landed) {
   const Motion motion = m_services.workspace.isMotionReduced() ? Motion::Reduced : Motion::Full;
-  m_services.flight.play(from, Color::fromHex(m_task->colorHex()), picture, motion, ifStillWanted(std::move(landed)));
+  const QPointer self(this);
+  auto flight = m_services.flight.play(from, Color::fromHex(m_task->colorHex()), picture, motion,
+                                       ifStillWanted(std::move(landed)));
+  if (self) m_flight = std::move(flight);  // without motion it has landed by now, and this object may be gone
 }
 
 std::function<void()> NoteCrush::ifStillWanted(std::function<void()> work) {

@@ -46,7 +46,7 @@ class NoteCrush final : public QObject {
   /// What the crush control and the keyboard call: begins, or aborts what runs.
   void crush();
   void begin();
-  /// The note stays as it is; what still flies lands without effect.
+  /// The note stays as it is; what still flies goes from the screen.
   void abort();
 
  Q_SIGNALS:
@@ -71,6 +71,7 @@ class NoteCrush final : public QObject {
   bool m_isShredding = false;
   quint64 m_generation = 0;  // of the crush under way
   Registration m_crushWorkItem;
+  Registration m_flight;
 };
 
 /// The same crush without sound, tap and flight, for the command line; true when a repeating note was moved on. After a

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/DesktopGeometry.h"
+#include "platform/Registration.h"
 
 #include <QColor>
 #include <QImage>
@@ -18,8 +19,9 @@ class CrushFlight {
   virtual ~CrushFlight() = default;
   /// Flies a sheet of the paper colour from the rectangle into the Trash; `picture` (may be null) is the note as it was
   /// seen and fades on the sheet. Completion runs exactly once, when the ball is behind the rim; at once with reduced
-  /// motion, without a compositor or for a rectangle without area.
-  virtual void play(const DesktopRect& from, const QColor& paper, const QImage& picture, Motion motion,
+  /// motion, without a compositor or for a rectangle without area. The handle takes a flight under way off the screen,
+  /// without its completion.
+  [[nodiscard]] virtual Registration play(const DesktopRect& from, const QColor& paper, const QImage& picture, Motion motion,
                     std::function<void()> completion) = 0;
 };
 

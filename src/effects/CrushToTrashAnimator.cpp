@@ -30,6 +30,7 @@ DesktopRect onStage(const DesktopRect& rect, const DesktopRect& screen) {
 }  // namespace
 
 struct CrushToTrashAnimator::Flight {
+  quint64 number = 0;
   std::unique_ptr<CrushOverlayWindow> window;
   std::function<void()> completion;
   Registration frames;
@@ -37,17 +38,17 @@ struct CrushToTrashAnimator::Flight {
   Registration end;
 };
 
-CrushToTrashAnimator::CrushToTrashAnimator(Ports ports) : m_ports(ports) {}
+CrushToTrashAnimator::CrushToTrashAnimator(Ports ports) : m_ports(ports), m_flights(std::make_shared<std::list<std::unique_ptr<Flight>>>()) {}
 
 CrushToTrashAnimator::~CrushToTrashAnimator() = default;
 
-void CrushToTrashAnimator::play(const DesktopRect& from, const QColor& paper, const QImage& picture, Motion motion,
-                                std::function<void()> completion) {
+Registration CrushToTrashAnimator::play(const DesktopRect& from, const QColor& paper, const QImage& picture, Motion motion,
+                                        std::function<void()> completion) {
   const bool isVisible = motion == Motion::Full && from.width > 1 && from.height > 1 && m_ports.screens.isComposited() &&
                          !m_ports.screens.all().empty();
   if (!isVisible) {
     if (completion) completion();
-    return;
+    return {};
   }
 
   const auto screen = m_ports.screens.screenAt(from.center());
@@ -58,7 +59,8 @@ void CrushToTrashAnimator::play(const DesktopRect& from, const QColor& paper, co
   const auto landing = now + span(plan.geometry.landing);
   const auto end = now + span(plan.geometry.finish());
 
-  auto& flight = *m_flights.emplace_back(std::make_unique<Flight>());
+  auto& flight = *m_flights->emplace_back(std::make_unique<Flight>());
+  flight.number = ++m_lastNumber;
   flight.completion = std::move(completion);
   flight.window = std::make_unique<CrushOverlayWindow>(
       m_ports.screens.space().toQt(screen.frame).toAlignedRect(),
@@ -71,6 +73,10 @@ void CrushToTrashAnimator::play(const DesktopRect& from, const QColor& paper, co
     m_ports.audio.playStock(QStringLiteral("Pop"));
   });
   runAt(end, flight.end, [this, &flight] { finish(flight); });
+  return Registration([weak = std::weak_ptr(m_flights), number = flight.number] {
+    const auto flights = weak.lock();
+    if (flights) flights->remove_if([number](const auto& each) { return each->number == number; });
+  });
 }
 
 void CrushToTrashAnimator::open(CrushOverlayWindow& window) {
@@ -94,10 +100,10 @@ void CrushToTrashAnimator::runAt(nanoseconds moment, Registration& handle, std::
 }
 
 void CrushToTrashAnimator::finish(Flight& flight) {
-  const auto found = std::find_if(m_flights.begin(), m_flights.end(),
+  const auto found = std::find_if(m_flights->begin(), m_flights->end(),
                                   [&](const auto& candidate) { return candidate.get() == &flight; });
   const auto ended = std::move(*found);
-  m_flights.erase(found);
+  m_flights->erase(found);
   // Out of the list first: the completion may start the next flight.
   if (ended->completion) ended->completion();
 }

@@ -37,10 +37,10 @@ class CrushToTrashAnimator final : public CrushFlight {
   /// Flights under way are dropped without their completion.
   ~CrushToTrashAnimator() override;
 
-  void play(const DesktopRect& from, const QColor& paper, const QImage& picture, Motion motion,
-            std::function<void()> completion) override;
+  [[nodiscard]] Registration play(const DesktopRect& from, const QColor& paper, const QImage& picture, Motion motion,
+                                  std::function<void()> completion) override;
 
-  [[nodiscard]] int flightsUnderWay() const { return static_cast<int>(m_flights.size()); }
+  [[nodiscard]] int flightsUnderWay() const { return static_cast<int>(m_flights->size()); }
 
  private:
   struct Flight;
@@ -50,7 +50,8 @@ class CrushToTrashAnimator final : public CrushFlight {
   void finish(Flight& flight);
 
   Ports m_ports;
-  std::list<std::unique_ptr<Flight>> m_flights;
+  quint64 m_lastNumber = 0;
+  std::shared_ptr<std::list<std::unique_ptr<Flight>>> m_flights;  // handles look into it, if it is still there
 };
 
 }  // namespace tarnwick

@@ -148,6 +148,7 @@ TEST_F(Crush, isTakenBackByASecondRequest) {
     crush->crush();
     EXPECT_FALSE(crush->isCrushing());
     EXPECT_EQ(aborted.size(), 1);
+    EXPECT_EQ(desk.flight.takenBack, isTorn ? 2 : 1) << "nothing flies on";
     desk.flight.land();
     EXPECT_EQ(task->record(), before);
     EXPECT_EQ(told.size(), 0);

@@ -27,7 +27,7 @@ class CrushAnimator : public testing::Test {
     [[maybe_unused]] const auto set = defaults.setText(keys::kCrushTarget, u"{{300, 300}, {48, 48}}"_s);
   }
   void play(const DesktopRect& from = {250, 300, 175, 112}, Motion motion = Motion::Full) {
-    animator->play(from, QColor(0xFF, 0xE1, 0x69), {}, motion, [this] { ++completions; });
+    flights.push_back(animator->play(from, QColor(0xFF, 0xE1, 0x69), {}, motion, [this] { ++completions; }));
   }
   static std::vector<CrushOverlayWindow*> overlays() {
     std::vector<CrushOverlayWindow*> found;
@@ -51,6 +51,7 @@ class CrushAnimator : public testing::Test {
   std::unique_ptr<CrushToTrashAnimator> animator = std::make_unique<CrushToTrashAnimator>(
       CrushToTrashAnimator::Ports{screens, time, time, windows, haptics, audio, trash});
   int completions = 0;
+  std::vector<Registration> flights;
 };
 
 TEST_F(CrushAnimator, completesOnceBehindTheRimAndLeavesNothing) {
@@ -156,15 +157,15 @@ TEST_F(CrushAnimator, severalFlightsOverlapEachInItsOwnWindow) {
 }
 
 TEST_F(CrushAnimator, aCompletionMayStartTheNextFlightOrEndTheAnimator) {
-  animator->play({250, 300, 175, 112}, Qt::yellow, {}, Motion::Full, [this] { play(); });
+  flights.push_back(animator->play({250, 300, 175, 112}, Qt::yellow, {}, Motion::Full, [this] { play(); }));
   time.advance(1160ms);
   EXPECT_EQ(overlays().size(), 1U);
   time.advance(1160ms);
   EXPECT_EQ(completions, 1);
-  animator->play({250, 300, 175, 112}, Qt::yellow, {}, Motion::Full, [this] {
+  flights.push_back(animator->play({250, 300, 175, 112}, Qt::yellow, {}, Motion::Full, [this] {
     ++completions;
     animator.reset();
-  });
+  }));
   time.advance(2s);
   EXPECT_EQ(completions, 2);
   EXPECT_TRUE(overlays().empty());
@@ -178,6 +179,17 @@ TEST_F(CrushAnimator, anAnimatorThatGoesTakesItsFlightsAlong) {
   EXPECT_EQ(time.pendingCount(), 0);
   time.advance(5s);
   EXPECT_EQ(completions, 0);
+}
+
+TEST_F(CrushAnimator, aFlightThatIsTakenBackLeavesTheScreenWithoutLanding) {
+  play();
+  play();
+  time.advance(400ms);
+  flights.front().cancel();
+  EXPECT_EQ(overlays().size(), 1U);
+  time.advance(5s);
+  EXPECT_EQ(completions, 1);
+  EXPECT_EQ(haptics.performed.size(), 1U) << "one landing";
 }
 
 TEST_F(CrushAnimator, aWallClockThatJumpsMovesNothing) {

@@ -25,13 +25,16 @@ class FakeCrushFlight final : public CrushFlight {
   std::vector<Play> plays;
   bool landsAtOnce = false;
 
-  void play(const DesktopRect& from, const QColor& paper, const QImage& picture, Motion motion,
-            std::function<void()> completion) override {
+  int takenBack = 0;
+
+  [[nodiscard]] Registration play(const DesktopRect& from, const QColor& paper, const QImage& picture, Motion motion,
+                                  std::function<void()> completion) override {
     if (landsAtOnce) {
       completion();
-      return;
+      return {};
     }
     plays.push_back({from, paper, picture, motion, std::move(completion)});
+    return Registration([this] { ++takenBack; });
   }
   /// The oldest flight reaches the Trash.
   void land() {

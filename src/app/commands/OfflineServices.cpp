@@ -47,8 +47,10 @@ class NoScreens final : public Screens {
 
 class NoFlight final : public CrushFlight {
  public:
-  void play(const DesktopRect&, const QColor&, const QImage&, Motion, std::function<void()> completion) override {
+  [[nodiscard]] Registration play(const DesktopRect&, const QColor&, const QImage&, Motion,
+                                  std::function<void()> completion) override {
     completion();
+    return {};
   }
 };
 

@@ -18,8 +18,10 @@ bool CrushUndoStore::undo(ModelContext& context) {
   task->set(&TaskRecord::isTornOff, snapshot.wasTornOff);
   (void)context.save();
   last.reset();
-  if (!snapshot.wasTornOff) return true;
-  if (TornNotes* const torn = m_torn ? m_torn() : nullptr) torn->tearOffTask(task, std::nullopt);
+  TornNotes* const torn = m_torn ? m_torn() : nullptr;
+  if (torn && snapshot.wasTornOff) torn->tearOffTask(task, std::nullopt);
+  // A repeating note may have been torn off since.
+  if (torn && !snapshot.wasTornOff && torn->isOpen(task->id())) torn->closePanel(task->id());
   return true;
 }
 

@@ -7,6 +7,7 @@
 #include "model/AppNotesPrefs.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
+#include "shell/ChordMenu.h"
 #include "shell/FloatingPanel.h"
 #include "shell/Placement.h"
 
@@ -30,7 +31,7 @@ StatusBarController::StatusBarController(FloatingPanel& panel, Services services
     : m_panel(panel),
       m_services(std::move(services)),
       m_actions(std::move(actions)),
-      m_menu(std::make_unique<QMenu>()) {
+      m_menu(std::make_unique<ChordMenu>()) {
   m_menu->setTitle(tr("Tarnwick"));
   styleMenu(*m_menu);
   // A tray that draws the menu itself asks for it before it ever shows one.

@@ -48,7 +48,8 @@ constexpr auto kNudgeAfterLaunch = 800ms;
 constexpr auto kNudgeAfterWake = 1200ms;
 AppDelegate* g_shared = nullptr;
 
-// Qt keeps the origin of each screen in device pixels and scales what lies on it.
+// As Qt does it: windows lie on whole points; the origin of each screen is kept in device pixels, and place and size of
+// what lies on it are scaled one by one.
 QRect devicePixels(const DesktopRect& rect, const DesktopSpace& space) {
   const QRectF frame = space.toQt(rect);
   const QScreen* screen = QGuiApplication::screenAt(frame.center().toPoint());
@@ -56,7 +57,8 @@ QRect devicePixels(const DesktopRect& rect, const DesktopSpace& space) {
   if (!screen) return frame.toRect();
   const QPointF origin = screen->geometry().topLeft();
   const double scale = screen->devicePixelRatio();
-  return QRectF(origin + (frame.topLeft() - origin) * scale, frame.size() * scale).toRect();
+  const QPointF corner = QPointF(frame.topLeft().toPoint()) - origin;
+  return {(origin + corner * scale).toPoint(), (QSizeF(frame.size().toSize()) * scale).toSize()};
 }
 
 QUrl feedUrl() { return QUrl(QStringLiteral("https://tarnwick.app/version.json")); }

@@ -225,7 +225,10 @@ void FloatingPanel::setFrame(const DesktopRect& frame) {
 
 void FloatingPanel::applyGeometry() {
   const auto place = m_services.screens.space().toQt(m_frame);
-  setGeometry(qRound(place.x()) - rim(), qRound(place.y()) - rim(), kSide + 2 * rim(), kSide + 2 * rim());
+  const QSize size(kSide + 2 * rim(), kSide + 2 * rim());
+  // Between whole scales Qt lets windows grow by two pixels only, counted from here.
+  if (auto* window = windowHandle()) window->setBaseSize(size);
+  setGeometry(QRect(QPoint(qRound(place.x()) - rim(), qRound(place.y()) - rim()), size));
 }
 
 void FloatingPanel::applyCompositing() {

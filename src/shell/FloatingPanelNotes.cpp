@@ -49,9 +49,16 @@ DesktopRect FloatingPanel::placeForTornNote(const QUuid& id, const std::optional
   const auto remembered = m_rememberedFrames.extract(id);
   if (!near && !remembered.empty()) return remembered.mapped();
   const auto visible = visibleFrameAtPointer();
-  const auto origin = near ? placement::besideCard(*near, visible, size)
-                           : placement::cascade(visible, size, static_cast<int>(m_tornPanels.size()));
-  return {origin.x, origin.y, size.width, size.height};
+  if (!near) {
+    const auto origin = placement::cascade(visible, size, static_cast<int>(m_tornPanels.size()));
+    return {origin.x, origin.y, size.width, size.height};
+  }
+  const auto origin = placement::besideCard(*near, visible, size);
+  // Notes that a script adds while nobody looks would all lie in one place, and only the last be seen.
+  std::vector<DesktopRect> open;
+  for (const auto& [unused, panel] : m_tornPanels) open.push_back(panel->frame());
+  return placement::notUponOthers(placement::offTheBorder({origin.x, origin.y, size.width, size.height}, visible), open,
+                                  visible);
 }
 
 void FloatingPanel::tearOffTask(const TaskPtr& task, const std::optional<DesktopRect>& near) {

@@ -78,6 +78,28 @@ DesktopPoint besideCard(const DesktopRect& card, const DesktopRect& visible, Des
   return {x, std::min(std::max(visible.minY() + kNoteEdgeGap, y), visible.maxY() - note.height - kNoteEdgeGap)};
 }
 
+DesktopRect offTheBorder(const DesktopRect& note, const DesktopRect& visible) {
+  const double seen = note.intersected(visible).width;
+  if (seen <= 0 || seen >= note.width || note.width > visible.width) return note;
+  const double x = std::min(std::max(visible.minX() + kNoteEdgeGap, note.x), visible.maxX() - note.width - kNoteEdgeGap);
+  return {x, note.y, note.width, note.height};
+}
+
+DesktopRect notUponOthers(const DesktopRect& note, const std::vector<DesktopRect>& others, const DesktopRect& visible) {
+  DesktopRect best = note;
+  auto fewest = std::count(others.begin(), others.end(), note);
+  for (int step = 1; step < kCascadeSteps && fewest > 0; ++step) {
+    const double off = step * kCascadeStep;
+    const DesktopRect place{std::max(visible.minX(), note.x - off), std::max(visible.minY(), note.y - off), note.width,
+                            note.height};
+    const auto here = std::count(others.begin(), others.end(), place);
+    if (here >= fewest) continue;
+    fewest = here;
+    best = place;
+  }
+  return best;
+}
+
 DesktopPoint docked(const DesktopRect& target, DesktopPoint offset, DesktopSize note, const DesktopRect& visible) {
   return clamped({target.maxX() + offset.x - note.width, target.maxY() + offset.y - note.height}, note, visible);
 }

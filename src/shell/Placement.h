@@ -32,6 +32,11 @@ inline constexpr double kReach = 48;
 [[nodiscard]] DesktopPoint cascade(const DesktopRect& visible, DesktopSize note, int openCount);
 /// Left of the card, or right of it where there is no room.
 [[nodiscard]] DesktopPoint besideCard(const DesktopRect& card, const DesktopRect& visible, DesktopSize note);
+/// A note that would lie across the edge of the visible frame, half on the next monitor, moved wholly into it.
+[[nodiscard]] DesktopRect offTheBorder(const DesktopRect& note, const DesktopRect& visible);
+/// A note that would cover another one exactly goes down the cascade's six steps to where the fewest lie.
+[[nodiscard]] DesktopRect notUponOthers(const DesktopRect& note, const std::vector<DesktopRect>& others,
+                                        const DesktopRect& visible);
 
 /// The note's top-right corner at the target's, plus the offset, inside the visible frame.
 [[nodiscard]] DesktopPoint docked(const DesktopRect& target, DesktopPoint offset, DesktopSize note,

@@ -279,7 +279,10 @@ void TornNotePanel::moveTo(DesktopPoint origin) {
 void TornNotePanel::applyGeometry() {
   m_lastOwnMove = m_services.clock.mediaTime();
   const auto place = m_services.screens.space().toQt(m_frame);
-  setGeometry(qRound(place.x()), qRound(place.y()), qRound(place.width()), qRound(place.height()));
+  const QSize size(qRound(place.width()), qRound(place.height()));
+  // Between whole scales Qt lets windows grow by two pixels only, counted from here.
+  if (auto* window = windowHandle()) window->setBaseSize(size);
+  setGeometry(QRect(QPoint(qRound(place.x()), qRound(place.y())), size));
 }
 
 void TornNotePanel::moveEvent(QMoveEvent* event) {

@@ -296,7 +296,7 @@ def play(scene):
         print("FAILED:", failure)
         tarnwick.shot("failed")
         with contextlib.suppress(Failure, ValueError):
-            print(tarnwick.status())
+            print(str(tarnwick.status())[:4000])
         print("0 passed, 1 failed")
         sys.exit(1)
     print("1 passed, 0 failed")

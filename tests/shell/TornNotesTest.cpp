@@ -50,6 +50,18 @@ TEST_F(TornNotesTable, goesBesideItsCardOnTheScreenOfThePointer) {
   EXPECT_EQ(torn(note()).frame().origin(), (DesktopPoint{2182, 522}));
   // Seen from the pointer's screen the card is too far left.
   EXPECT_EQ(torn(note(), DesktopRect{1300, 400, 175, 112}).frame().origin(), (DesktopPoint{1491, 341}));
+  // The board on the left hangs at the border: its note would lie across it.
+  EXPECT_EQ(torn(note(), DesktopRect{860, 370, 390, 390}).frame().origin(), (DesktopPoint{1292, 450}));
+}
+
+TEST_F(TornNotesTable, thoseAddedOneAfterAnotherDoNotHideEachOther) {
+  const auto beside = board().boardFrame();
+  const auto first = torn(note(), beside).frame();
+  EXPECT_EQ(first.origin(), (DesktopPoint{beside.x - 250 - 16, beside.midY() - 115}));
+  EXPECT_EQ(torn(note(), beside).frame().origin(), (DesktopPoint{first.x - 28, first.y - 28}));
+  EXPECT_EQ(torn(note(), beside).frame().origin(), (DesktopPoint{first.x - 56, first.y - 56}));
+  for (int i = 0; i < 3; ++i) torn(note(), beside);
+  EXPECT_EQ(torn(note(), beside).frame(), first) << "after six steps it starts over";
 }
 
 TEST_F(TornNotesTable, withoutAnyScreenTheBoardsOwnFrameServes) {
@@ -221,55 +233,6 @@ TEST_F(Monitors, aNoteKeepsItsPlaceOnTheGlassWhenThePrimaryScreenGetsHigher) {
   screens.screens[0] = {QStringLiteral("left"), {0, 0, 1280, 1024}, {0, 0, 1280, 994}, 1};
   screens.changed.notify();
   EXPECT_EQ(note.geometry(), before);
-}
-
-// --- All together ---
-
-TEST_F(TornNotesTable, tableStoreAndWindowsAgreeWhateverHappens) {
-  std::vector<TaskPtr> tasks;
-  for (int i = 0; i < 5; ++i) tasks.push_back(note());
-  tasks.push_back(pinnedNote(kEditor));
-  quint32 seed = 20260303;
-  const auto next = [&seed](quint32 range) {
-    seed = seed * 1664525u + 1013904223u;
-    return (seed >> 16) % range;
-  };
-  const QStringList modes{QStringLiteral("alwaysOnTop"), QStringLiteral("desktop"), QStringLiteral("mouseThrough")};
-  for (int i = 0; i < 600; ++i) {
-    const auto& task = tasks[next(quint32(tasks.size()))];
-    switch (next(14)) {
-      case 0: case 1: board().tearOffTask(task, std::nullopt); break;
-      case 2: board().tearOffTask(task, DesktopRect{double(next(1200)), double(next(700)), 175, 112}); break;
-      case 3: board().redockTask(task); break;
-      case 4:
-        board().closePanel(task->id());
-        task->set(&TaskRecord::isTornOff, false);
-        break;
-      case 5: board().resurfaceTornNotes(); break;
-      case 6: setMode(modes[next(3)]); break;
-      case 7: workspace.activate(next(2) ? kEditor : kBrowser); break;
-      case 8: otherWindows.move(kEditor.pid, DesktopRect{double(next(1000)), double(next(600)), 700, 500}); break;
-      case 9: capture.setCasting(next(2) == 0); break;
-      case 10: if (auto* open = board().tornPanel(task->id())) hover(*open, next(2) == 0); break;
-      case 11: board().toggle(); break;
-      case 12: if (auto* open = board().tornPanel(task->id())) open->noteView().togglePrivate(); break;
-      default: time.advance(std::chrono::milliseconds(next(900)));
-    }
-    time.settle();
-    for (const auto& each : tasks) {
-      const auto* open = board().tornPanel(each->id());
-      ASSERT_EQ(each->isTornOff(), open != nullptr) << "step " << i;
-      if (!open) continue;
-      const auto facts = open->facts();
-      ASSERT_EQ(facts.isVisible, open->isVisible());
-      ASSERT_FALSE(facts.isTucked && facts.isGhost) << "step " << i;
-      ASSERT_TRUE(!facts.isDocked || each->record().pinnedBundleID == kEditor.bundleID) << "step " << i;
-      ASSERT_FALSE(facts.sharing == SharingType::None && capture.casting && facts.isVisible) << "step " << i;
-      ASSERT_EQ(facts.sharing == SharingType::None, each->isPrivate() || facts.isGhost) << "step " << i;
-    }
-    ASSERT_EQ(std::ranges::count_if(tasks, [](const auto& each) { return each->isTornOff(); }),
-              long(board().tornWindows().size()));
-  }
 }
 
 }  // namespace

@@ -1,0 +1,117 @@
+# SPDX-License-Identifier: MIT
+"""Panels that change their size, and screens of other scales: what the status tells agrees with the X server."""
+from Xlib import X, Xatom, display
+
+from driver import wait
+from stage import expect, park, play, settled, tear_at
+
+SIDE = 390
+NOTE = (250, 230)
+
+
+class SidePanel:
+    """A panel along the right edge of the screen, as wide as it likes."""
+
+    def __init__(self):
+        self.x = display.Display()
+        screen = self.x.screen()
+        self.across, self.down = screen.width_in_pixels, screen.height_in_pixels
+        self.window = screen.root.create_window(self.across - 40, 0, 40, self.down, 0, screen.root_depth, X.InputOutput,
+                                                X.CopyFromParent, background_pixel=screen.black_pixel)
+        self.window.set_wm_name("Side panel")
+        self.window.change_property(self.x.intern_atom("_NET_WM_WINDOW_TYPE"), Xatom.ATOM, 32,
+                                    [self.x.intern_atom("_NET_WM_WINDOW_TYPE_DOCK")])
+        self.claim(40)
+        self.window.map()
+        self.x.sync()
+
+    def claim(self, width):
+        self.window.configure(x=self.across - width, width=max(width, 1))
+        self.window.change_property(self.x.intern_atom("_NET_WM_STRUT_PARTIAL"), Xatom.CARDINAL, 32,
+                                    [0, width, 0, 0, 0, 0, 0, self.down - 1, 0, 0, 0, 0])
+        self.x.sync()
+
+    def close(self):
+        self.window.destroy()
+        self.x.close()
+
+
+def inner_board(server):
+    """The board's rectangle without the margin for its shadow, in the server's own pixels."""
+    window = server.titled("Tarnwick")
+    frame, margins = server.inner(window), server.property(window, "_GTK_FRAME_EXTENTS")
+    left, right, top, bottom = margins if margins is not None else (0, 0, 0, 0)
+    return [frame[0] + left, frame[1] + top, frame[2] - left - right, frame[3] - top - bottom]
+
+
+def board_frame(tarnwick, server):
+    """Drops the board; gives back where status and server agree that it is, and hides it again."""
+    def agree():
+        seen = tarnwick.status()["board"]
+        return seen["frame"] if seen["visible"] and server.titled("Tarnwick") and \
+            inner_board(server) == seen["frame"] else None
+    tarnwick.run("toggle", check=True)
+    frame = settled(agree, "status and X server agree on the board's place")
+    tarnwick.run("toggle", check=True)
+    wait(lambda: not tarnwick.status()["board"]["visible"], "it hides")
+    return frame
+
+
+def strut(tarnwick, server, say):
+    panel = SidePanel()
+    tarnwick.start("--background")
+    for width in (40, 300, 0, 160):
+        panel.claim(width)
+        edge = panel.across - width
+
+        def keeps_clear():
+            note = tear_at(tarnwick, "Beside the panel", 300, 400)
+            frame = tarnwick.window(note)["frame"]
+            tarnwick.run("crush", note, check=True)
+            return frame[0] + frame[2] == edge - 100
+        wait(keeps_clear, f"a new note keeps clear of a panel {width} wide")
+    panel.close()
+    expect(tarnwick.quit() == 0, "it ends well")
+    say("a panel that grows, goes and shrinks")
+
+
+def scaled(tarnwick, server, say, scale):
+    def pixels(points):
+        return round(points * scale)
+
+    tarnwick.start("--background", env={"QT_SCALE_FACTOR": str(scale)})
+    note = tear_at(tarnwick, f"At {scale}", 300, 400)
+    park()
+
+    def agree():
+        seen = tarnwick.window(note)
+        return seen["frame"] if seen["visible"] and server.note_window(seen["frame"]) else None
+    left, top, width, height = settled(agree, "status and X server agree on the note")
+    expect(abs(width - pixels(NOTE[0])) <= 1 and abs(height - pixels(NOTE[1])) <= 1, f"{scale}: the note is {width} × {height}")
+    frame = board_frame(tarnwick, server)
+    expect(abs(frame[2] - pixels(SIDE)) <= 1 and abs(frame[3] - pixels(SIDE)) <= 1, f"{scale}: the board is {frame}")
+    tarnwick.shot(f"scale-{scale}")
+
+    # by hand, in the server's pixels
+    grip = (left + width / 2, top + height - pixels(50))
+    tarnwick.drag(grip, (grip[0] - 200, grip[1] + 90))
+    wait(lambda: (lambda now: now and abs(now[0] - left + 200) <= 4 and abs(now[1] - top - 90) <= 4)(agree()),
+         f"{scale}: dragged by as much as the pointer")
+    there = settled(agree, "the dragged note")
+    expect(tarnwick.quit() == 0, "it ends well")
+    tarnwick.start("--background", env={"QT_SCALE_FACTOR": str(scale)})
+    wait(lambda: agree() == there, f"{scale}: back at {there}")
+    tarnwick.run("crush", note, check=True)
+    expect(tarnwick.quit() == 0, "it ends well")
+    say(f"at a scale of {scale}")
+
+
+def scene(tarnwick, server, say):
+    park()
+    strut(tarnwick, server, say)
+    for scale in (2, 1.5, 1.25):
+        scaled(tarnwick, server, say, scale)
+
+
+if __name__ == "__main__":
+    play(scene)

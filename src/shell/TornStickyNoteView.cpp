@@ -52,7 +52,9 @@ TornStickyNoteView::TornStickyNoteView(TaskPtr task, const BoardServices& servic
   connect(&m_services.center, &NotificationCenter::taskDidUpdate, this, [this](const QUuid& id) {
     if (id == m_task->id()) refresh();
   });
-  connect(&m_services.container, &ModelContainer::didSave, this, &TornStickyNoteView::refresh);
+  connect(&m_services.container, &ModelContainer::didSave, this, [this] {
+    if (m_task->record() != m_shown) refresh();  // most saves are another note's
+  });
   refresh();
 }
 
@@ -125,6 +127,7 @@ TornNoteFace TornStickyNoteView::currentFace() const {
 }
 
 void TornStickyNoteView::refresh() {
+  m_shown = m_task->record();
   m_face = currentFace();
   m_body = m_face.body();
   if (const auto& bundleID = m_task->record().pinnedBundleID) {

@@ -95,6 +95,7 @@ class TornStickyNoteView final : public QWidget {
 
   const BoardServices& m_services;
   TaskPtr m_task;
+  TaskRecord m_shown;  // as of the last refresh
   const HoverBridge& m_hover;
   Window m_window;
   NoteCrush m_crush;

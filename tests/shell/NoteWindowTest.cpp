@@ -22,6 +22,32 @@ class NoteWindow : public ShellWorld {
   [[nodiscard]] WindowLevel level(const TornNotePanel& note) { return window(note).level; }
 };
 
+class PaintCount final : public QObject {
+ public:
+  explicit PaintCount(QObject& watched) { watched.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++paints;
+    return false;
+  }
+  int paints = 0;
+};
+
+TEST_F(NoteWindow, paintsAnewForItsOwnChangesOnly) {
+  const auto task = note();
+  const auto other = note();
+  auto& view = torn(task).noteView();
+  pass(1s);
+  PaintCount count(view);
+  other->set(&TaskRecord::text, QStringLiteral("Something else"));
+  ASSERT_TRUE(container->mainContext().save());
+  pass(1s);
+  EXPECT_EQ(count.paints, 0);
+  task->set(&TaskRecord::text, QStringLiteral("Book two ferries"));
+  ASSERT_TRUE(container->mainContext().save());
+  pass(1s);
+  EXPECT_GT(count.paints, 0);
+}
+
 // --- Display modes ---
 
 TEST_F(NoteWindow, floatsSitsOnTheDesktopOrLetsClicksThrough) {

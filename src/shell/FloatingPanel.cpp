@@ -186,9 +186,13 @@ void FloatingPanel::startMotion(BoardMotion motion) {
   update();
 }
 
+double FloatingPanel::motionTime() const {
+  return std::chrono::duration<double>(m_services.clock.mediaTime() - m_motionStart).count();
+}
+
 void FloatingPanel::stepMotion() {
   if (!m_motion) return;
-  const double seconds = std::chrono::duration<double>(m_services.clock.mediaTime() - m_motionStart).count();
+  const double seconds = motionTime();
   setAlpha(m_motion->alpha(seconds));
   if (m_motion->scale == MotionScale::Full) update();
   if (seconds < m_motion->duration()) return;
@@ -271,6 +275,8 @@ void FloatingPanel::closeEvent(QCloseEvent* event) {
 }
 
 void FloatingPanel::paintEvent(QPaintEvent*) {
+  // Its first picture shall be seen; until the first frame is due it would be transparent.
+  if (m_motion && m_alpha <= 0) setAlpha(m_motion->alpha(motionTime()));
   QPainter painter(this);
   const QRectF board(rim(), rim(), kSide, kSide);
   if (!m_isComposited) {
@@ -280,8 +286,7 @@ void FloatingPanel::paintEvent(QPaintEvent*) {
     return;
   }
   if (!m_picture.isNull() && m_motion) {
-    const double seconds = std::chrono::duration<double>(m_services.clock.mediaTime() - m_motionStart).count();
-    painter.setTransform(m_motion->transform(seconds), true);
+    painter.setTransform(m_motion->transform(motionTime()), true);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
   }
   paintBoxShadow(painter, board, kCornerRadius, kCornerRadius, kShadowOffset, kShadowSigma, kShadowAlpha);

@@ -109,6 +109,8 @@ class FloatingPanel final : public QWidget, public TornNotes {
   void showInFront();
   void startMotion(BoardMotion motion);
   void stepMotion();
+  /// Seconds since it began.
+  [[nodiscard]] double motionTime() const;
   void endMotion();
   void setAlpha(double alpha);
   void screensChanged();

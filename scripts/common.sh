@@ -11,7 +11,8 @@ DESKTOP_PACKAGES=(python3 xvfb x11-utils x11-xserver-utils x11-xkb-utils xkb-dat
   xfce4-panel dunst at-spi2-core dbus-daemon dbus-bin libglib2.0-bin pulseaudio pulseaudio-utils python3-xlib python3-gi
   gir1.2-atspi-2.0 python3-dbusmock xterm geany pcmanfm faketime fonts-dejavu-core fonts-inter fonts-noto-color-emoji
   qt6-qpa-plugins util-linux pipewire pipewire-bin desktop-file-utils mandoc)
-FULL_PACKAGES=(firefox-esr)  # only for ./test --full
+FULL_PACKAGES=(firefox-esr marco mate-settings-daemon-common kwin-x11 libgl1-mesa-dri)  # only for ./test --full
+PEER_PACKAGES=(xpad gnote tomboy-ng)
 
 say() { printf '%s\n' "$*" >&2; }
 

@@ -1,11 +1,27 @@
 # SPDX-License-Identifier: MIT
-"""The session bus is lost while Tarnwick runs: it stays up, its windows work, nothing is lost."""
+"""The session bus is lost while Tarnwick runs: it stays up, its windows work, nothing is lost. And two of them on one bus
+that hold different stores do not know each other."""
 import os
+import pathlib
 import signal
 import subprocess
+import tempfile
 
-from driver import wait, xdo
-from stage import expect, park, play, settled
+from driver import wait
+from stage import expect, never, park, play, settled
+
+
+def foreign(tarnwick, say):
+    with tempfile.TemporaryDirectory() as folder:
+        homes = {"XDG_DATA_HOME": f"{folder}/data", "XDG_CONFIG_HOME": f"{folder}/config"}
+        desktop = pathlib.Path(tarnwick.command).with_name("tarnwick-desktop")
+        other = subprocess.Popen([desktop], env={**os.environ, **homes}, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait(pathlib.Path(f"{folder}/data/app.tarnwick.Tarnwick/Tarnwick.store").exists, "the other opens its own store")
+        never(lambda: other.poll() is not None or tarnwick.status()["board"]["visible"], "it called up a foreign board")
+        expect(len(tarnwick.notes()) == 1, "each has its own notes")
+        other.terminate()
+        expect(other.wait(30) == 0, "it ends well")
+    say("a program with another store is left alone")
 
 
 def scene(tarnwick, server, say):
@@ -41,8 +57,8 @@ def scene(tarnwick, server, say):
     tarnwick.start("--background")
     wait(lambda: tarnwick.window(note) and tarnwick.window(note)["frame"] == there, f"the note is back at {there}")
     expect(tarnwick.notes() == stored, "nothing is lost")
-    xdo("mousemove", 8, 400)
     say("and back on another one")
+    foreign(tarnwick, say)
 
 
 play(scene)

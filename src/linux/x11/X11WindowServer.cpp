@@ -12,6 +12,7 @@
 #include <xcb/xfixes.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 
@@ -41,6 +42,25 @@ QMargins toNative(const QMargins& margins, double scale) {
   return {pixels(margins.left()), pixels(margins.top()), pixels(margins.right()), pixels(margins.bottom())};
 }
 
+// KWin hides the utility windows of a group while another program is in front, unless the group is of one window only.
+void giveOwnGroup(xcb_connection_t* connection, xcb_window_t window) {
+  constexpr uint32_t kWords = 9;
+  constexpr uint32_t kGroupFlag = 1U << 6;
+  const XcbReply<xcb_get_property_reply_t> reply(
+      xcb_get_property_reply(connection,
+                             xcb_get_property(connection, 0, window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 0, kWords),
+                             nullptr));
+  std::array<uint32_t, kWords> hints{};
+  if (reply) {
+    const auto length = static_cast<size_t>(xcb_get_property_value_length(reply.get()));
+    std::memcpy(hints.data(), xcb_get_property_value(reply.get()), std::min(length, sizeof hints));
+  }
+  hints.front() |= kGroupFlag;
+  hints.back() = window;
+  xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_HINTS, XCB_ATOM_WM_HINTS, 32, kWords,
+                      hints.data());
+}
+
 }  // namespace
 
 X11WindowServer::X11WindowServer()
@@ -57,6 +77,7 @@ X11WindowServer::X11WindowServer()
 void X11WindowServer::prepare(QWindow& window, WindowLevel level) {
   window.setFlags(flagsForLevel(window.flags(), level));
   window.setProperty("_q_showWithoutActivating", true);
+  if (level != WindowLevel::Overlay) giveOwnGroup(m_connection, idOf(window));
 }
 
 void X11WindowServer::applyLevel(QWindow& window, WindowLevel level) {

@@ -5,6 +5,7 @@ import os
 import pathlib
 import select
 import shutil
+import signal
 import subprocess
 import sys
 import time
@@ -291,7 +292,6 @@ class Peer:
     """Another program for notes: opens so many of them, makes a new one by a command."""
     name = ""
     new = ()
-    windows = staticmethod(lambda count: count)
 
     def seed(self, count):
         pass
@@ -324,7 +324,6 @@ class Xpad(Peer):
 class Gnote(Peer):
     name = "gnote"
     new = ("gnote", "--new-note")
-    windows = staticmethod(lambda count: 1)
 
     @staticmethod
     def call(method, *words):
@@ -369,31 +368,40 @@ class TomboyNg(Peer):
 def measure_peer(watch, server, peer):
     found = {}
 
+    def owners():
+        """Who has windows: a program may live in another process than the one that was started."""
+        pids = (server.property(window, "_NET_WM_PID") for window in server.windows())
+        return {pid[0] for pid in pids if pid is not None and len(pid)}
+
     def begin(count):
+        others = owners()
         peer.seed(count)
-        process = subprocess.Popen(peer.command(), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        wait(lambda: len(server.windows()) > peer.windows(count) - 1, f"{peer.name} opens")
+        subprocess.Popen(peer.command(), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        wait(lambda: owners() - others, f"{peer.name} opens")
         time.sleep(2)
         peer.open(count)
         time.sleep(2)
-        return process
+        return next(iter(owners() - others))
 
-    def end(process):
-        process.terminate()
-        process.wait(10)
-        wait(lambda: not server.windows("_NET_CLIENT_LIST") or len(server.windows()) <= 1, f"{peer.name} is gone")
+    def end(pid):
+        os.kill(pid, signal.SIGTERM)
+        try:
+            wait(lambda: pid not in owners(), f"{peer.name} is gone", limit=5)
+        except Failure:
+            os.kill(pid, signal.SIGKILL)
+            wait(lambda: pid not in owners(), f"{peer.name} is gone")
 
-    process = begin(1)
+    pid = begin(1)
     found["add"] = adds(watch, peer.new, 8, before=peer.before_new)
-    end(process)
-    process = begin(NOTES)
+    end(pid)
+    pid = begin(NOTES)
     other = Plain("Elsewhere", 1500, 900, 200, 100)
     wait(lambda: server.titled("Elsewhere"), "the other window")
     xdo("windowactivate", other.window.id)
-    found["idle"] = idle_switches(process.pid)
-    found["memory"] = proportional_set(process.pid)
+    found["idle"] = idle_switches(pid)
+    found["memory"] = proportional_set(pid)
     other.close()
-    end(process)
+    end(pid)
     return found
 
 

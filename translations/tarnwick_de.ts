@@ -1662,15 +1662,15 @@
     </message>
     <message>
         <source>Stick</source>
-        <translation>Ankleben</translation>
+        <translation>Kleben</translation>
     </message>
     <message>
         <source>Tear</source>
-        <translation>Abreißen</translation>
+        <translation>Reißen</translation>
     </message>
     <message>
         <source>Crush</source>
-        <translation>Zerknüllen</translation>
+        <translation>Knüllen</translation>
     </message>
 </context>
 <context>
@@ -1999,7 +1999,7 @@
     </message>
     <message>
         <source>Let notes find the Trash</source>
-        <translation>Notizen den Papierkorb finden lassen</translation>
+        <translation>Notizen treffen den Papierkorb</translation>
     </message>
     <message>
         <source>Accessibility lets Tarnwick see where your Dock's Trash is, so the paper ball lands inside it. Nothing is read from your apps or sent anywhere.</source>

@@ -117,6 +117,9 @@ void SettingsView::fitHeight() {
   const int wanted = kTabRow + column.totalHeightForWidth(kWidth);
   const auto* screen = this->screen();
   const int most = std::max(screen ? screen->availableGeometry().height() - kScreenReserve : wanted, 2 * kTabRow);
+  // Where everything fits there is no bar, not even while the layout is on its way: it would narrow the rows.
+  m_content->areas[m_content->index()]->setVerticalScrollBarPolicy(wanted > most ? Qt::ScrollBarAsNeeded
+                                                                                 : Qt::ScrollBarAlwaysOff);
   // The bar takes its room from the margin: the rows stay as wide and as high as they are without it.
   if (wanted > most) column.setContentsMargins(kMargins - QMargins(0, 0, kScrollBar, 0));
   setFixedSize(kWidth, std::min(wanted, most));

@@ -61,7 +61,10 @@ def main(old, new):
 
     # launch at login, by its switch
     subprocess.run(["gapplication", "action", NAME, "settings"], check=True, timeout=30)
-    tarnwick.click_element("^Launch at login$")
+    switch = wait(lambda: next((each for each in tarnwick.elements("^Launch at login$") if each.get_role_name() != "label"),
+                               None), "the switch")
+    x, y, width, height = wait(lambda: tarnwick._stable(switch), "the settings hold still")
+    tarnwick.click(x + width / 2, y + height / 2)
     wait(AUTOSTART.exists, "the autostart entry is written")
     tarnwick.shot("package-settings")
     end(tarnwick)

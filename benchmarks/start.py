@@ -42,6 +42,8 @@ class Watch:
         self.x.damage_query_version()
         self.info = self.x.intern_atom("_XEMBED_INFO")
         self.followed = {}
+        check = self.root.get_full_property(self.x.intern_atom("_NET_SUPPORTING_WM_CHECK"), X.AnyPropertyType)
+        self.window_manager = check.value[0]
         self.root.change_attributes(event_mask=X.SubstructureNotifyMask)
         self.x.sync()
         self.clear()
@@ -77,16 +79,19 @@ class Watch:
             elif event.type == X.ConfigureNotify and event.width >= 150 and event.height >= 100:
                 self.follow(event.window)
             elif event.type == self.x.extension_event.DamageNotify and not self.painted_at:
-                drawn = event.drawable
-                if drawn in self.followed and self.x.create_resource_object("window", drawn).get_attributes().map_state == X.IsViewable:
+                drawn = self.followed.get(getattr(event.drawable, "id", event.drawable))
+                if drawn and drawn.get_attributes().map_state == X.IsViewable:
                     self.painted_at = moment
         except (error.BadWindow, error.BadDrawable):
             pass
 
     def follow(self, window):
-        if window.id not in self.followed:
-            self.followed[window.id] = window.damage_create(damage.DamageReportRawRectangles)
+        """Not the frames of the window manager, whose background counts for nothing."""
+        is_frame = window.id >> 21 == self.window_manager >> 21
+        if window.id not in self.followed and not is_frame:
+            window.damage_create(damage.DamageReportRawRectangles)
             self.x.flush()
+            self.followed[window.id] = window
 
 
 def spawn(*words):

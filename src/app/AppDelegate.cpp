@@ -46,6 +46,7 @@ namespace {
 
 constexpr auto kNudgeAfterLaunch = 800ms;
 constexpr auto kNudgeAfterWake = 1200ms;
+constexpr auto kSoundsAfterLaunch = 300ms;
 AppDelegate* g_shared = nullptr;
 
 // As Qt does it: windows lie on whole points; the origin of each screen is kept in device pixels, and place and size of
@@ -112,6 +113,7 @@ struct AppDelegate::Parts {
   Registration powerObserver;
   Registration actedOnObserver;
   std::vector<Registration> pendingNudges;
+  Registration soundsReady;
 };
 
 AppDelegate::AppDelegate(const AppPorts& ports, Paths paths)
@@ -282,6 +284,8 @@ void AppDelegate::startParts() {
     }
   });
   parts.updates.checkIfDue();
+  // Once the icon is in the tray: nothing sounds before.
+  parts.soundsReady = m_ports.scheduler.after(kSoundsAfterLaunch, [&parts] { parts.sound.prepare(); });
   if (parts.defaults.boolean(keys::kHasSeenWelcome)) {
     schedulePlanNudge(kNudgeAfterLaunch);
   } else {

@@ -5,6 +5,8 @@
 #include "model/SettingsKeys.h"
 #include "model/UserDefaults.h"
 
+#include <utility>
+
 namespace tarnwick {
 
 namespace {
@@ -28,15 +30,14 @@ const std::vector<Sound>& sounds() {
 
 }  // namespace
 
-SoundEngine::SoundEngine(Audio& audio, const UserDefaults& defaults) : m_audio(audio), m_defaults(defaults) {
-  prepareSounds();
-}
+SoundEngine::SoundEngine(Audio& audio, const UserDefaults& defaults) : m_audio(audio), m_defaults(defaults) {}
 
 SoundEngine::~SoundEngine() = default;
 
 bool SoundEngine::isEnabled() const { return m_defaults.booleanOrOn(keys::kSoundEffectsEnabled); }
 
-void SoundEngine::prepareSounds() {
+void SoundEngine::prepare() {
+  if (std::exchange(m_isPrepared, true)) return;
   synthesis::UniformSource random;
   for (const auto& sound : sounds()) {
     auto player = m_audio.prepare(synthesis::createWav(synthesis::kSampleRate, sound.generate(random)));
@@ -50,6 +51,7 @@ void SoundEngine::prepareSounds() {
 
 void SoundEngine::play(const QString& name) {
   if (!isEnabled()) return;
+  prepare();
   for (const auto& sound : sounds()) {
     if (sound.name != name) continue;
     if (const auto found = m_players.find(name); found != m_players.end()) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The three paper sounds, synthesised at start into memory and played through prepared players.
+// The three paper sounds, synthesised once into memory and played through prepared players.
 #pragma once
 
 #include "platform/Audio.h"
@@ -16,10 +16,11 @@ class UserDefaults;
 
 class SoundEngine final {
  public:
-  /// Synthesises and prepares all three sounds.
   SoundEngine(Audio& audio, const UserDefaults& defaults);
   ~SoundEngine();
 
+  /// Synthesises and prepares all three sounds, once. The first sound does it where nobody did before.
+  void prepare();
   /// On unless the setting holds a stored false.
   [[nodiscard]] bool isEnabled() const;
   void playStick() { play(QStringLiteral("stick")); }
@@ -27,12 +28,12 @@ class SoundEngine final {
   void playCrush() { play(QStringLiteral("crush")); }
 
  private:
-  void prepareSounds();
   void play(const QString& name);
 
   Audio& m_audio;
   const UserDefaults& m_defaults;
   std::map<QString, std::unique_ptr<AudioPlayer>> m_players;
+  bool m_isPrepared = false;
 };
 
 }  // namespace tarnwick

@@ -2,6 +2,7 @@
 #include "effects/Symbols.h"
 
 #include "effects/PixmapCache.h"
+#include "effects/SvgIconEngine.h"
 #include "effects/Tokens.h"
 
 #include <QByteArray>
@@ -55,6 +56,12 @@ QPixmap rendered(const QByteArray& svg, int pixels) {
 
 QPixmap inked(QByteArray svg, const QByteArray& placeholder, int pixels, const QColor& color) {
   return rendered(svg.replace(placeholder, color.name(QColor::HexRgb).toLatin1()), pixels);
+}
+
+QList<QSize> squares(std::initializer_list<int> sides) {
+  QList<QSize> sizes;
+  for (const int side : sides) sizes.append({side, side});
+  return sizes;
 }
 
 // Opaque: shapes overlap within a symbol, so it is thinned as a whole where it is drawn.
@@ -120,21 +127,19 @@ QPixmap Symbols::pixmap(const QString& name, double size, const QColor& color, d
 }
 
 QIcon Symbols::applicationIcon() {
-  const QByteArray small = fileContent(QStringLiteral(":/icons/tarnwick-small.svg"));
-  const QByteArray large = fileContent(QStringLiteral(":/icons/tarnwick.svg"));
-  QIcon icon;
-  for (const int pixels : {16, 18, 22, 24, 32, 36, 44, 48, 64, 96, 128, 256, 512}) {
-    icon.addPixmap(rendered(pixels < 48 ? small : large, pixels));
-  }
+  static const QIcon icon(new SvgIconEngine(squares({16, 24, 32, 48, 64}), [](int pixels) {
+    return rendered(fileContent(pixels < 48 ? QStringLiteral(":/icons/tarnwick-small.svg")
+                                            : QStringLiteral(":/icons/tarnwick.svg")),
+                    pixels);
+  }));
   return icon;
 }
 
 QIcon Symbols::trayIcon() {
-  const QByteArray glyph = fileContent(QStringLiteral(":/icons/tarnwick-symbolic.svg"));
-  QIcon icon;
-  for (const int pixels : {16, 18, 22, 24, 32, 36, 44, 48, 64, 96}) {
-    icon.addPixmap(inked(glyph, QByteArrayLiteral("#000"), pixels, QColor(tokens::kText)));
-  }
+  static const QIcon icon(new SvgIconEngine(squares({22, 24, 32, 48}), [](int pixels) {
+    return inked(fileContent(QStringLiteral(":/icons/tarnwick-symbolic.svg")), QByteArrayLiteral("#000"), pixels,
+                 QColor(tokens::kText));
+  }));
   return icon;
 }
 

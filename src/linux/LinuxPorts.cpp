@@ -134,7 +134,9 @@ Power& LinuxPorts::power() {
 CaptureWatch& LinuxPorts::captureWatch() {
   return lazily(m_captureWatch, []() -> std::unique_ptr<CaptureWatch> {
 #ifdef TARNWICK_HAS_PIPEWIRE
-    if (auto watch = std::make_unique<PipeWireCaptureWatch>(); watch->isUsable()) return watch;
+    if (PipeWireCaptureWatch::isRunning()) {
+      if (auto watch = std::make_unique<PipeWireCaptureWatch>(); watch->isUsable()) return watch;
+    }
 #endif
     return std::make_unique<UnavailableCaptureWatch>(QGuiApplication::tr("no PipeWire in this session"));
   });

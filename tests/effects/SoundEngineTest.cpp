@@ -35,6 +35,8 @@ class SoundEngineTest : public testing::Test {
 
 TEST_F(SoundEngineTest, preparesEachImageOnceAndPlaysItFromItsBeginning) {
   SoundEngine engine(audio, defaults);
+  EXPECT_EQ(audio.images.size(), 0) << "a start does not wait for it";
+  engine.prepare();
   ASSERT_EQ(audio.images.size(), 3);
   EXPECT_EQ(audio.images[0].size(), 33560);
   EXPECT_EQ(audio.images[1].size(), 10628);

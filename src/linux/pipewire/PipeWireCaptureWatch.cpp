@@ -2,6 +2,8 @@
 #include "linux/pipewire/PipeWireCaptureWatch.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QLibrary>
 #include <QSocketNotifier>
 
@@ -128,6 +130,16 @@ PipeWireCaptureWatch::PipeWireCaptureWatch() : m_connection(std::make_unique<Con
 }
 
 PipeWireCaptureWatch::~PipeWireCaptureWatch() = default;
+
+bool PipeWireCaptureWatch::isRunning() {
+  auto name = qEnvironmentVariable("PIPEWIRE_REMOTE");
+  if (name.isEmpty()) name = QStringLiteral("pipewire-0");
+  if (QDir::isAbsolutePath(name)) return QFileInfo::exists(name);
+  for (const char* folder : {"PIPEWIRE_RUNTIME_DIR", "XDG_RUNTIME_DIR"}) {
+    if (const auto path = qEnvironmentVariable(folder); !path.isEmpty()) return QFileInfo::exists(QDir(path).filePath(name));
+  }
+  return QFileInfo::exists(QDir(QStringLiteral("/run/pipewire")).filePath(name));
+}
 
 bool PipeWireCaptureWatch::isUsable() const { return m_connection != nullptr; }
 

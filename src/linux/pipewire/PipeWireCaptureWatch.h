@@ -35,6 +35,8 @@ class PipeWireCaptureWatch final : public QObject, public CaptureWatch {
   PipeWireCaptureWatch();
   ~PipeWireCaptureWatch() override;
 
+  /// Whether a daemon listens where the library would look for it; costs one look at the file system.
+  [[nodiscard]] static bool isRunning();
   /// A daemon answered.
   [[nodiscard]] bool isUsable() const;
   [[nodiscard]] PortTraits traits() const override;

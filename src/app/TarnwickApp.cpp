@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
@@ -76,6 +77,14 @@ void choosePlatform() {
   }
 }
 
+// The display server gets a copy with each window, and window managers read it: the large ones are a megabyte.
+QIcon windowIcon() {
+  const QIcon whole = Symbols::applicationIcon();
+  QIcon icon;
+  for (const int side : {16, 24, 32, 48, 64}) icon.addPixmap(whole.pixmap(QSize(side, side), 1));
+  return icon;
+}
+
 bool hasDisplay() {
   return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
          !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
@@ -102,7 +111,7 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick"));
   QGuiApplication::setDesktopFileName(kApplicationID);
   QApplication::setQuitOnLastWindowClosed(false);
-  QApplication::setWindowIcon(Symbols::applicationIcon());
+  QApplication::setWindowIcon(windowIcon());
 
   LinuxPorts ports;
   AppDelegate delegate(portsOf(ports), {persistentStorePath(), settingsPath()});

@@ -13,6 +13,9 @@
 
 #include <QAction>
 #include <QCursor>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QScreen>
 
 namespace tarnwick {
 
@@ -20,6 +23,41 @@ namespace {
 
 // A session's panel may come up well after what it starts.
 constexpr std::chrono::seconds kPresenceDelay(8);
+
+// The item comes up when the panel gets to it; nobody tells when.
+constexpr std::chrono::seconds kInkDelays[] = {std::chrono::seconds(1), std::chrono::seconds(5), kPresenceDelay};
+constexpr QRgb kDarkInk = 0xFF22232A;
+constexpr qreal kLightPanel = 0.5;
+
+QIcon glyphIn(QRgb ink) {
+  const QIcon pale = Symbols::trayIcon();
+  QIcon icon;
+  for (const QSize& size : pale.availableSizes()) {
+    auto pixmap = pale.pixmap(size, 1);
+    QPainter painter(&pixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(pixmap.rect(), QColor::fromRgba(ink));
+    painter.end();
+    icon.addPixmap(pixmap);
+  }
+  return icon;
+}
+
+/// How light the panel is at the corners of the item, which the glyph leaves free; nothing where it cannot be seen.
+std::optional<qreal> lightnessAround(const QRect& item) {
+  auto* screen = QGuiApplication::screenAt(item.center());
+  if (!screen || item.isEmpty()) return std::nullopt;
+  const QPoint corner = item.topLeft() - screen->geometry().topLeft();
+  const auto picture = screen->grabWindow(0, corner.x(), corner.y(), item.width(), item.height()).toImage();
+  if (picture.isNull()) return std::nullopt;
+  const int right = picture.width() - 1;
+  const int bottom = picture.height() - 1;
+  qreal sum = 0;
+  for (const QPoint& point : {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)}) {
+    sum += picture.pixelColor(point).lightnessF();
+  }
+  return sum / 4;
+}
 
 QIcon symbol(const QString& name) {
   return QIcon(Symbols::pixmap(name, 16, QColor::fromRgb(tokens::kText2), 2));
@@ -48,10 +86,18 @@ StatusBarController::~StatusBarController() { m_panel.setAnchorSource({}); }
 
 void StatusBarController::start() {
   m_item.show();
+  for (const auto delay : kInkDelays) m_inkChecks.push_back(m_services.scheduler.after(delay, [this] { applyInk(); }));
   if (m_services.isTrayPresent()) return;
   m_presenceCheck = m_services.scheduler.after(kPresenceDelay, [this] {
     if (!m_services.isTrayPresent()) Q_EMIT trayMissing();
   });
+}
+
+void StatusBarController::applyInk() {
+  const auto lightness = lightnessAround(m_item.geometry());
+  if (!lightness || (*lightness > kLightPanel) == m_isOnLightPanel) return;
+  m_isOnLightPanel = !m_isOnLightPanel;
+  m_item.setIcon(m_isOnLightPanel ? glyphIn(kDarkInk) : Symbols::trayIcon());
 }
 
 void StatusBarController::buildMenu() {
@@ -81,6 +127,7 @@ void StatusBarController::statusItemPressed(QSystemTrayIcon::ActivationReason re
   // Of two quick clicks the second comes as a double click, in place of a click of its own.
   if (reason != QSystemTrayIcon::Trigger && reason != QSystemTrayIcon::DoubleClick) return;
   rememberPointer();
+  applyInk();
   toggleDesk();
 }
 

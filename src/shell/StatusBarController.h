@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace tarnwick {
 
@@ -61,6 +62,8 @@ class StatusBarController final : public QObject {
  private:
   void buildMenu();
   void rememberPointer();
+  /// Dark on a light panel and light on a dark one, where the item's place is known and so what lies around it.
+  void applyInk();
 
   FloatingPanel& m_panel;
   Services m_services;
@@ -68,7 +71,9 @@ class StatusBarController final : public QObject {
   std::unique_ptr<QMenu> m_menu;
   QSystemTrayIcon m_item;
   std::optional<DesktopRect> m_clickedAnchor;
+  bool m_isOnLightPanel = false;
   Registration m_presenceCheck;
+  std::vector<Registration> m_inkChecks;
 };
 
 }  // namespace tarnwick

@@ -149,8 +149,8 @@ def peer(watch, words):
 
 
 def middle(values):
-    values = [value for value in values if value is not None]
-    return statistics.median(values) if len(values) > RUNS / 2 else None
+    good = [value for value in values if value is not None]
+    return statistics.median(good) if good and len(good) > len(values) / 2 else None
 
 
 def activatable(bus):
@@ -176,8 +176,8 @@ def main():
         floors.append(floor(watch))
         trays.append(tarnwick_tray(watch))
         boards.append(tarnwick_board(watch, bus))
-    floors = [each for each in floors if each]
-    empty_tray, empty_window = middle([each[0] for each in floors]), middle([each[1] for each in floors])
+    empty_tray = middle([each and each[0] for each in floors])
+    empty_window = middle([each and each[1] for each in floors])
     tray, board = middle(trays), middle(boards)
     report("tray", tray, empty_tray, "empty-qt-tray", 1.5)
     report("board", board, empty_window, "empty-qt-window", 1.5)

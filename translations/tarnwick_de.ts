@@ -323,7 +323,7 @@
     <name>Recurrence</name>
     <message>
         <source>Does not repeat</source>
-        <translation>Wiederholt sich nicht</translation>
+        <translation>Einmalig</translation>
     </message>
     <message>
         <source>Every day</source>
@@ -504,7 +504,7 @@
     <name>tarnwick::AppPinChip</name>
     <message>
         <source>Pin to an app</source>
-        <translation>An ein Programm heften</translation>
+        <translation>An App heften</translation>
     </message>
     <message>
         <source>Pin to %1</source>

@@ -21,6 +21,8 @@ StoreAlert::StoreAlert(Error error, const QString& storePath)
     details += QStringLiteral("\n") + tr("Copies of earlier days are in %1").arg(backups.path());
   }
   m_box->setInformativeText(details);
+  // As wide as its main text otherwise, which is a narrow column.
+  m_box->setStyleSheet(QStringLiteral("QLabel#qt_msgbox_informativelabel { min-width: 380px; }"));
   auto* quit = m_box->addButton(tr("Quit Tarnwick"), QMessageBox::AcceptRole);
   connect(quit, &QPushButton::clicked, this, &StoreAlert::quitChosen);
   m_box->setModal(false);

@@ -6,11 +6,12 @@ import pathlib
 import subprocess
 import sys
 
-from driver import Failure, Tarnwick, wait
+from driver import Atspi, Failure, Tarnwick, wait
 from stage import expect
 
 NAME = "app.tarnwick.Tarnwick"
 DATA = pathlib.Path(os.environ["XDG_DATA_HOME"]) / NAME
+CONTROLS = {"check box", "push button", "button", "radio button", "toggle button", "page tab", "combo box", "link"}
 FOLDER = pathlib.Path(os.environ["DESKTOP_DIR"])
 
 
@@ -72,6 +73,37 @@ def files_handed_over(tarnwick, say):
     say("files handed over")
 
 
+def settings_by_the_keyboard(tarnwick, say):
+    tarnwick.start("--background")
+    subprocess.run(["gdbus", "call", "--session", "-d", NAME, "-o", "/app/tarnwick/Tarnwick", "-m",
+                    "org.freedesktop.Application.ActivateAction", "settings", "[]", "{}"], check=True, capture_output=True)
+    for name in ("Daily Burn", "Tuck into a tab", "Paper sounds", "Check for updates automatically"):
+        tarnwick.element(f"^{name}$")
+        controls = [each for each in tarnwick.elements() if each.get_role_name() in CONTROLS]
+        nameless = [each.get_role_name() for each in controls if not each.get_name()]
+        expect(len(controls) > 4 and not nameless, f"beside {name!r} every control has a name: {nameless}")
+        tarnwick.shot("settings-" + name.split()[0].lower())
+        tarnwick.key("ctrl+Next")  # from the last pane back to the first
+
+    def is_focused(name):
+        return any(each.get_state_set().contains(Atspi.StateType.FOCUSED) for each in tarnwick.elements(f"^{name}$"))
+
+    def reached():
+        if is_focused("Daily Burn"):
+            return True
+        tarnwick.key("Tab")
+        return is_focused("Daily Burn")
+
+    wait(reached, "Tab reaches the switch")
+    for expected in ("false", "true"):
+        tarnwick.key("space")
+        wait(lambda: tarnwick.run("settings", "dailyBurn").stdout.strip() == expected, f"Space sets it to {expected}")  # noqa: B023
+    tarnwick.key("Escape")
+    wait(lambda: not tarnwick.elements("^Settings panes$"), "Escape closes the window")
+    expect(tarnwick.quit() == 0, "it ends well")
+    say("the settings by the keyboard, and as a screen reader has them")
+
+
 def store_that_cannot_be_opened(tarnwick, say):
     store = DATA / "Tarnwick.store"
     whole = store.read_bytes()
@@ -110,6 +142,7 @@ def main():
         first_start(tarnwick, say)
         second_start(tarnwick, say)
         files_handed_over(tarnwick, say)
+        settings_by_the_keyboard(tarnwick, say)
         store_that_cannot_be_opened(tarnwick, say)
     except (Failure, subprocess.SubprocessError, OSError) as failure:
         print("FAILED:", failure)

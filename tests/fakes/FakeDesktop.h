@@ -114,7 +114,7 @@ class FakeOtherWindows final : public OtherWindows {
   [[nodiscard]] WindowSight sight() const override { return seen; }
   [[nodiscard]] std::vector<OtherWindow> onScreen() const override { return windows; }
   [[nodiscard]] Registration followFocusedWindow(qint64 pid, FrameObserver observer) override {
-    if (!canFollow) return {};
+    if (!canFollow || pid < 1) return {};
     auto handle = followers[pid].add(observer);
     if (frames.contains(pid)) observer(frames[pid]);
     return handle;

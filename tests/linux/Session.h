@@ -41,7 +41,7 @@ class PeerProgram final {
     if (!m_process.waitForFinished(5000)) m_process.kill();
     m_process.waitForFinished();
   }
-  void tell(const char* line) { m_process.write(QByteArray(line) + '\n'); }
+  void tell(const QByteArray& line) { m_process.write(line + '\n'); }
   [[nodiscard]] qint64 pid() const { return m_process.processId(); }
   /// Whether it says the line by and by.
   [[nodiscard]] bool says(const QString& line) {

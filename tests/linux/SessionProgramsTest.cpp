@@ -117,12 +117,6 @@ TEST_F(Programs, AreNobodyWhenNoWindowHasTheKeyboard) {
   EXPECT_TRUE(holdsSoon([&] { return !isFront(peer); }));
 }
 
-TEST_F(Programs, AreNamedByTheirDesktopEntry) {
-  const auto [name, icon] = workspace.identity(QStringLiteral("nothing.of.that.name"));
-  EXPECT_EQ(name, u"nothing.of.that.name");
-  EXPECT_TRUE(icon.isNull());
-}
-
 class AFollowedWindow : public Programs {
  protected:
   void follow(const PeerProgram& peer) {

@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: MIT
 """A note of a repository shows only while a file of that repository is in front in an editor: a real one, on real git."""
-import json
 import os
 import pathlib
 import subprocess
@@ -151,12 +150,18 @@ def scene(tarnwick, server, say):
     expect(not tarnwick.window(note)["visible"], "the wrong application does not show it")
     say("both pins must hold")
 
-    # whoever started us may not lead git elsewhere, and a note without its folder says so to nobody
+    # whoever started us may not lead git elsewhere; and in a session that hides windows from us the composer says so
     expect(tarnwick.quit() == 0, "it ends well")
-    tarnwick.start("--background", env={"GIT_DIR": str(theirs / ".git")})
+    tarnwick.start("--background", env={"GIT_DIR": str(theirs / ".git"), "XDG_SESSION_TYPE": "wayland"})
     terminal.activate()
     first.activate()
-    wait(lambda: context()["gitRoot"] == str(ours), f"its own repository, not the one of the environment: {json.dumps(context())}")
+    wait(lambda: context()["gitRoot"] == str(ours), "its own repository, not the one of the environment")
+    tarnwick.run("new", check=True)
+    chip = tarnwick.element("^Pin to Geany or the repository")
+    said = chip.get_description()
+    expect("Or pin it to the repository" in said and "XWayland" in said, f"what works here is said: {said!r}")
+    tarnwick.shot("wayland")
+    say("says what works on another kind of desktop")
     for each in (first, other, terminal):
         each.close()
 

@@ -28,11 +28,13 @@ TEST(ProcessFacts, tellFolderAndArgumentsOfAProcess) {
   QTemporaryDir folder;
   QProcess process;
   process.setWorkingDirectory(folder.path());
-  process.start(u"/bin/sleep"_s, {u"0"_s, u"600"_s});
-  ASSERT_TRUE(process.waitForStarted());
+  process.start(u"/bin/cat"_s, {u"-u"_s, u"-"_s});
+  process.write("up");
+  // Its arguments are told only once it runs, which is later than its start.
+  ASSERT_TRUE(process.waitForReadyRead());
   const auto facts = processFacts(process.processId());
   EXPECT_EQ(facts.workingFolder, QDir(folder.path()).canonicalPath());
-  EXPECT_EQ(facts.arguments, (QStringList{u"0"_s, u"600"_s}));
+  EXPECT_EQ(facts.arguments, (QStringList{u"-u"_s, u"-"_s}));
   process.kill();
   process.waitForFinished();
 }

@@ -4,6 +4,7 @@
 #include "context/DockTrashLocator.h"
 #include "effects/CrushOverlayWindow.h"
 #include "effects/CrushToTrashAnimator.h"
+#include "effects/SoundEngine.h"
 #include "effects/SoundSynthesis.h"
 #include "effects/WadArt.h"
 #include "linux/LinuxPorts.h"
@@ -188,8 +189,9 @@ void measureFlights(LinuxPorts& ports, Stage& stage) {
   (void)defaults.setText(keys::kCrushTarget,
                          toText({screen.frame.maxX() - 100, screen.frame.minY() + 20, 48, 48}));
   DockTrashLocator trash({ports.accessibility(), ports.dockPreferences(), ports.screens(), ports.workspace()}, defaults);
+  SoundEngine sound(ports.audio(), defaults);
   CrushToTrashAnimator animator({ports.screens(), ports.scheduler(), ports.clock(), ports.windowServer(), ports.haptics(),
-                                 ports.audio(), trash});
+                                 sound, trash});
   PaintWatch watch(stage);
   qApp->installEventFilter(&watch);
   std::vector<double> gaps;

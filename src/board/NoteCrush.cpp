@@ -95,6 +95,9 @@ void NoteCrush::abort() {
   m_flight.cancel();
   setCrushing(false);
   Q_EMIT aborted();
+  if (std::exchange(m_hasClosedWindow, false) && m_task->isTornOff()) {
+    tornNotes(m_services).tearOffTask(m_task, std::nullopt);
+  }
 }
 
 void NoteCrush::beginCard(const Card& card) {
@@ -102,6 +105,7 @@ void NoteCrush::beginCard(const Card& card) {
   const bool wasTornOff = m_task->isTornOff();
   const DesktopRect from = card.screenFrame();
   const QImage picture = pictureOf(m_services, *m_task, card.picture);
+  m_hasClosedWindow = wasTornOff;
   if (wasTornOff) tornNotes(m_services).closePanel(m_task->id());
   fly(from, picture, [this, wasTornOff, previousDueDate] { finishCard(wasTornOff, previousDueDate); });
 }

@@ -46,7 +46,7 @@ class NoteCrush final : public QObject {
   /// What the crush control and the keyboard call: begins, or aborts what runs.
   void crush();
   void begin();
-  /// The note stays as it is; what still flies goes from the screen.
+  /// The note stays as it is, what still flies goes from the screen, and a window that the crush had closed opens again.
   void abort();
 
  Q_SIGNALS:
@@ -69,6 +69,7 @@ class NoteCrush final : public QObject {
   std::variant<Card, TornNote> m_view;
   bool m_isCrushing = false;
   bool m_isShredding = false;
+  bool m_hasClosedWindow = false;  // of the note on the desktop
   quint64 m_generation = 0;  // of the crush under way
   Registration m_crushWorkItem;
   Registration m_flight;

@@ -4,6 +4,7 @@
 #include "context/DockTrashLocator.h"
 #include "effects/CrushOverlayWindow.h"
 #include "effects/CrushPlan.h"
+#include "effects/SoundEngine.h"
 
 #include <QWindow>
 
@@ -70,7 +71,7 @@ Registration CrushToTrashAnimator::play(const DesktopRect& from, const QColor& p
       [window = flight.window.get()](nanoseconds mediaTime) { window->advanceTo(seconds(mediaTime)); });
   runAt(landing, flight.landing, [this] {
     m_ports.haptics.perform(HapticPattern::LevelChange);
-    m_ports.audio.playStock(QStringLiteral("Pop"));
+    m_ports.sound.playLanding();
   });
   runAt(end, flight.end, [this, &flight] { finish(flight); });
   return Registration([weak = std::weak_ptr(m_flights), number = flight.number] {

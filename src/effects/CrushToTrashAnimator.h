@@ -4,7 +4,6 @@
 #pragma once
 
 #include "effects/CrushFlight.h"
-#include "platform/Audio.h"
 #include "platform/Clock.h"
 #include "platform/Haptics.h"
 #include "platform/Scheduler.h"
@@ -20,6 +19,7 @@ namespace tarnwick {
 
 class CrushOverlayWindow;
 class DockTrashLocator;
+class SoundEngine;
 
 class CrushToTrashAnimator final : public CrushFlight {
  public:
@@ -29,7 +29,7 @@ class CrushToTrashAnimator final : public CrushFlight {
     const Clock& clock;
     WindowServer& windows;
     Haptics& haptics;
-    Audio& audio;
+    SoundEngine& sound;
     DockTrashLocator& trash;
   };
 

@@ -49,6 +49,10 @@ void SoundEngine::prepare() {
   }
 }
 
+void SoundEngine::playLanding() {
+  if (isEnabled()) m_audio.playStock(QStringLiteral("Pop"));
+}
+
 void SoundEngine::play(const QString& name) {
   if (!isEnabled()) return;
   prepare();

@@ -26,6 +26,8 @@ class SoundEngine final {
   void playStick() { play(QStringLiteral("stick")); }
   void playTear() { play(QStringLiteral("tear")); }
   void playCrush() { play(QStringLiteral("crush")); }
+  /// The stock sound of the ball that reaches the Trash.
+  void playLanding();
 
  private:
   void play(const QString& name);

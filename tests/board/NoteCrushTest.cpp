@@ -156,6 +156,19 @@ TEST_F(Crush, isTakenBackByASecondRequest) {
   }
 }
 
+TEST_F(Crush, opensTheWindowAgainThatItsCardHadClosed) {
+  const auto task = oneOff([](auto& r) { r.isTornOff = true; });
+  const auto onBoard = oneOff();
+  desk.torn.open.insert(task->id());
+  for (const auto& note : {task, onBoard}) {
+    const auto crush = card(note);
+    crush->crush();
+    EXPECT_FALSE(desk.torn.isOpen(note->id()));
+    crush->crush();
+    EXPECT_EQ(desk.torn.isOpen(note->id()), note == task);
+  }
+}
+
 TEST_F(Crush, landsOnceWhenTheFirstFlightWasTakenBack) {
   const auto task = oneOff();
   const auto crush = card(task);

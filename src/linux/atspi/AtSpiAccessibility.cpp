@@ -15,7 +15,10 @@ const QString kPlankTrash = QStringLiteral("trash");
 }  // namespace
 
 AtSpiAccessibility::AtSpiAccessibility(XcbConnection& connection, PlankDock& plank)
-    : m_x(connection), m_plank(plank), m_clients(connection), m_tree([this] { return pidsOfDocks(); }) {
+    : m_x(connection), m_plank(plank), m_clients(connection), m_tree({[this] { return pidsOfDocks(); }, [this](quint32 window) -> std::optional<DesktopRect> {
+                const auto frame = m_x.geometry(window);
+                return frame ? std::optional(desktopFromNative(*frame)) : std::nullopt;
+              }}) {
   m_rootChanges = m_x.select(m_x.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
   m_events = m_x.onEvent([this](const xcb_generic_event_t& event) {
     if (eventKind(event) != XCB_PROPERTY_NOTIFY) return;

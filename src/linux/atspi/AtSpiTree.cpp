@@ -2,11 +2,13 @@
 #include "linux/atspi/AtSpiTree.h"
 
 #include "linux/atspi/AtSpiReply.h"
+#include "linux/atspi/AtSpiWords.h"
 #include "linux/x11/NativeSpace.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
+#include <QFile>
 
 #include <unistd.h>
 
@@ -49,14 +51,9 @@ std::optional<DesktopRect> frameFrom(const QDBusMessage& reply) {
   return desktopFromNative(QRect(x, y, width, height));
 }
 
-/// The names by which the searchers of trees know the kinds of elements.
-QString roleFrom(const QString& name) {
-  if (name == u"list" || name == u"list box") return QStringLiteral("AXList");
-  if (name == u"panel" || name == u"filler" || name == u"grouping" || name == u"layered pane") return QStringLiteral("AXGroup");
-  if (name == u"push button" || name == u"button") return QStringLiteral("AXButton");
-  if (name == u"icon" || name == u"image") return QStringLiteral("AXImage");
-  if (name == u"frame" || name == u"window") return QStringLiteral("AXWindow");
-  return name;
+QByteArray commandLineOf(qint64 pid) {
+  QFile file(QStringLiteral("/proc/%1/cmdline").arg(pid));
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 }  // namespace
@@ -65,11 +62,11 @@ struct AtSpiTree::Job {
   AccessibleReading reading;
   QSet<qint64> docks;
   QHash<QString, int> silences;
+  QHash<QString, quint32> trashPlugins;  // services whose buttons are the Trash, and the windows that hold them
   int open = 0;  // calls under way
 };
 
-AtSpiTree::AtSpiTree(std::function<QSet<qint64>()> pidsOfDocks)
-    : m_pidsOfDocks(std::move(pidsOfDocks)), m_bus(kConnectionName) {
+AtSpiTree::AtSpiTree(Windows windows) : m_windows(std::move(windows)), m_bus(kConnectionName) {
   auto session = QDBusConnection::sessionBus();
   if (!session.isConnected()) return;
   session.connect(kBusService, kBusPath, kProperties, QStringLiteral("PropertiesChanged"), this,
@@ -143,7 +140,7 @@ void AtSpiTree::busServiceChanged(const QString&, const QString&, const QString&
 void AtSpiTree::refresh() {
   if (m_job || !isOn()) return;
   m_job = std::make_shared<Job>();
-  m_job->docks = m_pidsOfDocks();
+  m_job->docks = m_windows.pidsOfDocks();
   if (m_job->docks.isEmpty()) {
     m_reading = {};
     m_job.reset();
@@ -164,6 +161,8 @@ void AtSpiTree::readApplication(const ElementRef& application) {
     if (pid > 0 && pid != getpid() && m_job->docks.contains(pid)) {
       m_job->reading.docks.push_back(application);
       readNode(application, -1);
+    } else if (const auto line = commandLineOf(pid); isTrashPlugin(line)) {
+      m_job->trashPlugins.insert(application.service, socketOfPlugin(line));
     }
     --m_job->open;
     finishIfDone();
@@ -196,9 +195,11 @@ void AtSpiTree::readNode(const ElementRef& element, int depth) {
   ask(getter(element, QStringLiteral("Name")),
       [](const auto& reply, auto& node) { node.facts.title = propertyFrom(reply).toString(); });
   ask(getter(element, QStringLiteral("Description")),
-      [](const auto& reply, auto& node) { node.facts.description = propertyFrom(reply).toString(); });
+      [](const auto& reply, auto& node) {
+        node.facts.description = descriptionFromAtSpi(propertyFrom(reply).toString());
+      });
   ask(method(kAccessible, QStringLiteral("GetRoleName")), [](const auto& reply, auto& node) {
-    node.facts.role = roleFrom(reply.arguments().value(0).toString());
+    node.facts.role = roleFromAtSpi(reply.arguments().value(0).toString());
   });
   if (depth >= 0) {
     auto extents = method(kComponent, QStringLiteral("GetExtents"));
@@ -227,8 +228,32 @@ void AtSpiTree::readNode(const ElementRef& element, int depth) {
   });
 }
 
+void AtSpiTree::addTrashPlugins() {
+  auto& reading = m_job->reading;
+  QSet<QString> reached;
+  for (auto node = reading.nodes.begin(); node != reading.nodes.end(); ++node) {
+    const auto service = node.key().section(u'/', 0, 0);
+    if (!m_job->trashPlugins.contains(service) || node->facts.role != u"AXButton") continue;
+    node->facts.subrole = QStringLiteral("AXTrashDockItem");
+    reached.insert(service);
+  }
+  // A plug-in that started while its panel was busy is never joined to the panel's tree.
+  for (auto plugin = m_job->trashPlugins.cbegin(); plugin != m_job->trashPlugins.cend(); ++plugin) {
+    const auto frame = plugin.value() > 0 ? m_windows.frameOf(plugin.value()) : std::nullopt;
+    if (reached.contains(plugin.key()) || !frame) continue;
+    const ElementRef root{plugin.key(), kRoot};
+    const ElementRef button{plugin.key(), QStringLiteral("/socket")};
+    reading.docks.push_back(root);
+    reading.nodes.insert(keyOf(root), {{}, {button}});
+    auto& facts = reading.nodes[keyOf(button)].facts;
+    facts.subrole = QStringLiteral("AXTrashDockItem");
+    facts.frame = frame;
+  }
+}
+
 void AtSpiTree::finishIfDone() {
   if (!m_job || m_job->open > 0) return;
+  addTrashPlugins();
   m_reading = std::move(m_job->reading);
   m_job.reset();
 }

@@ -35,8 +35,11 @@ struct AccessibleReading {
 class AtSpiTree final : public QObject {
   Q_OBJECT
  public:
-  /// `pidsOfDocks`: the processes that own a panel or desktop window now.
-  explicit AtSpiTree(std::function<QSet<qint64>()> pidsOfDocks);
+  struct Windows {
+    std::function<QSet<qint64>()> pidsOfDocks;  // the processes that own a panel or desktop window now
+    std::function<std::optional<DesktopRect>(quint32 window)> frameOf;
+  };
+  explicit AtSpiTree(Windows windows);
   ~AtSpiTree() override;
 
   /// The bus is reachable and accessibility is switched on.
@@ -62,8 +65,9 @@ class AtSpiTree final : public QObject {
   void readApplication(const ElementRef& application);
   void readNode(const ElementRef& element, int depth);
   void finishIfDone();
+  void addTrashPlugins();
 
-  std::function<QSet<qint64>()> m_pidsOfDocks;
+  Windows m_windows;
   QDBusConnection m_bus;
   bool m_isEnabled = false;
   AccessibleReading m_reading;

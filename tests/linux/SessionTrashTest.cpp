@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+// A flight into the Trash of a real panel, on a real screen, with the flight's own clock held at chosen moments.
+#include "Session.h"
+#include "context/DockTrashLocator.h"
+#include "effects/CrushToTrashAnimator.h"
+#include "effects/SoundEngine.h"
+#include "fakes/FakeServices.h"
+#include "fakes/ManualTime.h"
+#include "linux/LinuxPorts.h"
+#include "model/UserDefaults.h"
+#include "platform/Accessibility.h"
+#include "platform/Screens.h"
+
+#include <QDir>
+#include <QImage>
+#include <QTemporaryDir>
+
+namespace tarnwick {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using test::holdsSoon;
+
+const QColor kPaper(0xFF, 0x2E, 0x88);  // nothing else on the screen is of this hue
+constexpr DesktopRect kNote{300, 420, 250, 230};
+
+/// What of the paper's hue is on the screen.
+struct Seen {
+  int count = 0;
+  QRect box;
+};
+
+class AFlightIntoTheTrash : public testing::Test {
+ protected:
+  AFlightIntoTheTrash() { QDir().mkpath(shots); }
+
+  QImage screenshot(const QString& name) {
+    const auto path = shots + u'/' + name + u".png"_s;
+    test::run(u"import"_s, {u"-window"_s, u"root"_s, path});
+    return QImage(path);
+  }
+  /// Looks for the paper where no scrap flies any more.
+  Seen look(const QString& name) {
+    const auto image = screenshot(name);
+    Seen seen;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        const QColor color = image.pixelColor(x, y);
+        if (color.red() - color.green() < 60 || color.blue() < color.green() + 20) continue;
+        ++seen.count;
+        seen.box |= QRect(x, y, 1, 1);
+      }
+    }
+    return seen;
+  }
+  /// Looks until the screen has caught up with what is wanted of it.
+  Seen lookUntil(const QString& name, const std::function<bool(const Seen&)>& isAsWanted) {
+    Seen seen;
+    holdsSoon([&] {
+      seen = look(name);
+      return isAsWanted(seen);
+    });
+    return seen;
+  }
+  void holdAt(std::chrono::milliseconds moment) {
+    time.advance(moment - at);
+    at = moment;
+  }
+
+  QTemporaryDir folder;
+  QString shots = qEnvironmentVariable("TARNWICK_SHOTS", folder.path());
+  LinuxPorts ports;
+  test::ManualTime time;
+  std::chrono::milliseconds at{0};
+  UserDefaults defaults{folder.filePath(u"defaults.json"_s), time};
+  test::FakeAudio audio;
+  test::FakeHaptics haptics;
+  SoundEngine sound{audio, defaults};
+  DockTrashLocator trash{{ports.accessibility(), ports.dockPreferences(), ports.screens(), ports.workspace()}, defaults};
+  CrushToTrashAnimator animator{
+      {ports.screens(), time, time, ports.windowServer(), haptics, sound, trash}};
+};
+
+TEST_F(AFlightIntoTheTrash, EndsInThePanelsTrashButton) {
+  std::optional<DesktopRect> button;
+  ASSERT_TRUE(holdsSoon([&] { return (button = trash.axTrashFrame()).has_value(); })) << "the panel has a Trash";
+  const auto screen = ports.screens().all().front();
+  EXPECT_GT(button->minX(), screen.frame.maxX() - 120) << "it is the panel's last item";
+  EXPECT_LE(button->maxY(), screen.visibleFrame.minY()) << "and lies in the panel's strip";
+  const QRectF place = ports.screens().space().toQt(*button);
+  ASSERT_EQ(look(u"0-before"_s).count, 0);
+
+  int completions = 0;
+  const auto flight = animator.play(kNote, kPaper, {}, Motion::Full, [&] { ++completions; });
+  holdAt(50ms);
+  const QRectF note = ports.screens().space().toQt(kNote);
+  const auto sheet = lookUntil(u"1-sheet"_s, [](const Seen& seen) { return seen.count > 20000; });
+  EXPECT_TRUE(note.toRect().adjusted(-16, -16, 16, 16).contains(sheet.box)) << "the sheet lies on the note";
+
+  // 0.52 s of crumpling and, so far away, 0.72 s in the air: half of the way is above both ends
+  holdAt(880ms);
+  const auto ball = lookUntil(u"2-flight"_s, [&](const Seen& seen) { return seen.count > 0 && seen.box.width() < 60; });
+  EXPECT_GT(ball.box.center().x(), note.right());
+  EXPECT_LT(ball.box.center().x(), place.left());
+  EXPECT_LT(ball.box.bottom(), place.top());
+
+  holdAt(1290ms);  // 40 ms after the landing the ball sinks into the mouth
+  const auto landed = lookUntil(u"3-landing"_s, [&](const Seen& seen) {
+    return seen.count > 0 && seen.box.width() < 60 && seen.box.left() >= place.left();
+  });
+  EXPECT_GE(landed.box.left(), place.left());
+  EXPECT_LE(landed.box.right(), place.right());
+  EXPECT_NEAR(landed.box.center().x(), place.center().x(), 2);
+  EXPECT_GT(landed.box.bottom(), place.top()) << "it is in the Trash";
+  EXPECT_LT(landed.box.bottom(), place.center().y()) << "and hidden behind the rim";
+  EXPECT_EQ(audio.log.filter(u"stock"_s), QStringList{u"stock Pop"_s});
+
+  holdAt(1395ms);
+  EXPECT_EQ(lookUntil(u"4-sunk"_s, [](const Seen& seen) { return seen.count == 0; }).count, 0);
+  EXPECT_EQ(completions, 0);
+  holdAt(1420ms);
+  EXPECT_EQ(completions, 1);
+  EXPECT_EQ(rectFromText(defaults.text(u"dockTrashFrame"_s).value_or(QString())), *button);
+}
+
+}  // namespace
+}  // namespace tarnwick

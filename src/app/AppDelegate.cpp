@@ -9,6 +9,7 @@
 #include "board/ContentView.h"
 #include "board/CrushUndoStore.h"
 #include "board/DeskDuties.h"
+#include "board/NoteCrush.h"
 #include "board/NotificationEngine.h"
 #include "board/TaskScheduler.h"
 #include "context/ContextEngine.h"
@@ -75,7 +76,7 @@ struct AppDelegate::Parts {
         git(ports.scheduler),
         context({ports.workspace, ports.accessibility, ports.scheduler, git}, defaults, center),
         trash({ports.accessibility, ports.dockPreferences, ports.screens, ports.workspace}, defaults),
-        flight({ports.screens, ports.scheduler, ports.clock, ports.windowServer, ports.haptics, ports.audio, trash}),
+        flight({ports.screens, ports.scheduler, ports.clock, ports.windowServer, ports.haptics, sound, trash}),
         reminders(ports.notifications, ports.clock),
         undo([this] { return torn(); }),
         updates(defaults, ports.clock, ports.workspace, feedUrl()) {}
@@ -120,6 +121,8 @@ AppDelegate::AppDelegate(const AppPorts& ports, Paths paths)
     : m_ports(ports), m_paths(std::move(paths)), m_parts(std::make_unique<Parts>(m_ports, m_paths)) {}
 
 AppDelegate::~AppDelegate() {
+  // While everything is there: hiding takes a crush back that still flies.
+  if (m_parts->panel) m_parts->panel->hideBoard();
   if (g_shared == this) g_shared = nullptr;
 }
 
@@ -212,11 +215,11 @@ void AppDelegate::makeParts() {
       m_ports.workspace, m_ports.haptics, parts.sound, parts.flight, parts.reminders, parts.undo, parts.context,
       parts.updates, [&parts] { return parts.torn(); }, m_ports.otherWindows.sight()});
 
-  // The copy of yesterday's notes is made before the burn changes them.
-  static_cast<void>(parts.container->backUp(Calendar::of(m_ports.clock).day(m_ports.clock.now())));
+  backUp();
   parts.scheduler = std::make_unique<TaskScheduler>(
       *parts.backgroundContext,
-      TaskScheduler::Ports{m_ports.clock, m_ports.scheduler, parts.defaults, parts.reminders},
+      TaskScheduler::Ports{m_ports.clock, m_ports.scheduler, parts.defaults, parts.reminders,
+                           [this] { backUp(); }},
       [&parts] { return parts.torn(); });
 
   auto board = std::make_unique<ContentView>(*parts.services);
@@ -256,20 +259,15 @@ void AppDelegate::startParts() {
   parts.reminders.requestPermission();
   parts.reminders.rescheduleAll(parts.backgroundContext->fetchTasks());
   followEdits(parts.center, parts.container->mainContext(), parts.reminders, this);
-  parts.actedOnObserver = m_ports.notifications.onActedOn([this](const QString& identifier) {
-    const auto task = m_parts->container->mainContext().findTask(NotificationEngine::noteOf(identifier));
-    if (task && m_parts->panel->isOpen(task->id())) {
-      m_parts->panel->tearOffTask(task, std::nullopt);
-    } else {
-      m_parts->panel->present();
-    }
-  });
+  parts.actedOnObserver = m_ports.notifications.onActedOn(
+      [this](const QString& identifier, const QString& action) { actOnReminder(identifier, action); });
   restickDueNotes();
 
   parts.powerObserver = m_ports.power.observe([this](PowerEvent event) {
     switch (event) {
       case PowerEvent::DayChanged:
-        static_cast<void>(m_parts->container->backUp(Calendar::of(m_ports.clock).day(m_ports.clock.now())));
+        backUp();
+        m_parts->scheduler->performDailyBurn(TaskScheduler::Burn::BeforeToday);
         restickDueNotes();
         m_parts->updates.checkIfDue();
         break;
@@ -293,10 +291,33 @@ void AppDelegate::startParts() {
   }
 }
 
+void AppDelegate::actOnReminder(const QString& identifier, const QString& action) {
+  auto& parts = *m_parts;
+  const auto task = parts.container->mainContext().findTask(NotificationEngine::noteOf(identifier));
+  if (action.isEmpty()) {
+    if (task && parts.panel->isOpen(task->id())) {
+      parts.panel->tearOffTask(task, std::nullopt);
+    } else {
+      parts.panel->present();
+      if (task) parts.board->showNote(task->id());
+    }
+    return;
+  }
+  if (!task || task->isCompleted() || task->isBurned()) return;
+  if (action == NotificationEngine::kRemindLater) parts.reminders.remindLater(*task, identifier);
+  // A note whose crush cannot be saved is left as it is, and is still due.
+  if (action == NotificationEngine::kCrush) static_cast<void>(crushAtOnce(*parts.services, *task));
+}
+
 void AppDelegate::schedulePlanNudge(std::chrono::milliseconds delay) {
   m_parts->pendingNudges.push_back(m_ports.scheduler.after(delay, [this] { planNudgeIfDue(); }));
   constexpr size_t kKept = 8;  // more wakes than that within 1.2 s are one wake
   if (m_parts->pendingNudges.size() > kKept) m_parts->pendingNudges.erase(m_parts->pendingNudges.begin());
+}
+
+void AppDelegate::backUp() {
+  // Without the room for a copy the notes themselves still work.
+  static_cast<void>(m_parts->container->backUp(Calendar::of(m_ports.clock).day(m_ports.clock.now())));
 }
 
 void AppDelegate::planNudgeIfDue() {

@@ -65,6 +65,8 @@ class AppDelegate final : public QObject {
   [[nodiscard]] StatusReport status() const;
   void makeParts();
   void startParts();
+  void backUp();
+  void actOnReminder(const QString& identifier, const QString& action);
   void schedulePlanNudge(std::chrono::milliseconds delay);
 
   AppPorts m_ports;

@@ -3,6 +3,7 @@
 
 #include "board/NotificationEngine.h"
 #include "board/TornNotes.h"
+#include "model/SettingsKeys.h"
 #include "model/store/ModelContext.h"
 
 namespace tarnwick {
@@ -40,14 +41,18 @@ Result<void> reviveNotes(ModelContext& context, const TaskList& notes, Notificat
   return {};
 }
 
-Result<void> sweepNotes(ModelContext& context, const TaskList& notes, TornNotes* torn) {
+Result<void> sweepNotes(ModelContext& context, const TaskList& notes, TornNotes* torn, UserDefaults& defaults) {
   if (notes.empty()) return {};
   for (const TaskPtr& note : notes) {
     if (torn && torn->isOpen(note->id())) torn->closePanel(note->id());
     context.remove(note);
   }
   auto saved = context.save();
-  if (!saved) context.rollback();
+  if (!saved) {
+    context.rollback();
+    return saved;
+  }
+  for (const TaskPtr& note : notes) forgetNote(defaults, note->id());
   return saved;
 }
 

@@ -10,6 +10,7 @@ namespace tarnwick {
 class ModelContext;
 class NotificationEngine;
 class TornNotes;
+class UserDefaults;
 
 /// Neither finished nor dated nor repeating: midnight would take it.
 [[nodiscard]] bool isBurnable(const Task& task);
@@ -20,7 +21,8 @@ void revive(Task& task, const QDateTime& now);
 /// Revives, saves, brings back reminders. After a failed save the notes are as they were.
 Result<void> reviveNotes(ModelContext& context, const TaskList& notes, NotificationEngine& reminders,
                          const QDateTime& now);
-/// Closes the notes' windows, deletes them, saves. After a failed save they are still there. `torn` may be null.
-Result<void> sweepNotes(ModelContext& context, const TaskList& notes, TornNotes* torn);
+/// Closes the notes' windows, deletes them and what is kept for them, saves. After a failed save they are still there.
+/// `torn` may be null.
+Result<void> sweepNotes(ModelContext& context, const TaskList& notes, TornNotes* torn, UserDefaults& defaults);
 
 }  // namespace tarnwick

@@ -205,7 +205,8 @@ void ContentView::Content::revive(const TaskPtr& task) {
 }
 
 void ContentView::Content::sweep() {
-  (void)sweepNotes(services.container.mainContext(), burnedTasks(tasks), services.torn ? services.torn() : nullptr);
+  (void)sweepNotes(services.container.mainContext(), burnedTasks(tasks), services.torn ? services.torn() : nullptr,
+                   services.defaults);
   ashes->takeFocus();
 }
 
@@ -265,6 +266,20 @@ void ContentView::showEditor(const TaskPtr& task) {
 void ContentView::showAshes() {
   showList();
   m_content->openAshes();
+}
+
+void ContentView::showNote(const QUuid& id) {
+  auto& content = *m_content;
+  if (content.state != ViewState::list) return;
+  content.closeAshes();
+  if (content.isStale) content.reload();
+  const auto isShown = [&] { return std::ranges::any_of(content.active, [&](const auto& task) { return task->id() == id; }); };
+  if (!isShown()) {
+    if (content.showSearch) content.toggleSearch();
+    if (content.showTags) content.toggleTags();
+    content.selectBoard(kAllBoards);
+  }
+  if (isShown()) content.wall->setSelection(id);
 }
 
 void ContentView::takeFocus() {

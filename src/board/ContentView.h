@@ -29,6 +29,8 @@ class ContentView final : public QWidget {
   void showList();
   void showEditor(const TaskPtr& task);
   void showAshes();
+  /// Selects the note on the wall and takes filters away that hide it. What is being written is not disturbed.
+  void showNote(const QUuid& id);
   /// Gives the keyboard to what the user will type into first: the wall, or the open editor's text.
   void takeFocus();
 

@@ -18,12 +18,29 @@ const std::array<QString, 4> kSuffixes{kEarly, kDue, kMorning, kDay};
 constexpr qint64 kEarlySeconds = 900;
 const QTime kMorningTime(9, 0);
 
+constexpr qint64 kLaterSeconds = 3600;
+
 struct Words {
   Q_DECLARE_TR_FUNCTIONS(tarnwick::NotificationEngine)
 };
 
 QString identifier(const QUuid& id, const QString& suffix) {
   return id.toString(QUuid::WithoutBraces).toUpper() + suffix;
+}
+
+QString titleOf(const QString& suffix) {
+  if (suffix == kEarly) return Words::tr("Due in 15 minutes");
+  if (suffix == kDue) return Words::tr("Due now");
+  return suffix == kMorning ? Words::tr("Deadline today") : Words::tr("Due today");
+}
+
+NotificationRequest requestFor(const TaskRecord& record, const QString& suffix, const QDateTime& firesAt) {
+  return {identifier(record.id, suffix),
+          titleOf(suffix),
+          record.text,
+          firesAt.toUTC(),
+          {{NotificationEngine::kCrush, Words::tr("Crush")},
+           {NotificationEngine::kRemindLater, Words::tr("Remind me in an hour")}}};
 }
 
 /// At local midnight, or at the first moment of a day that has none.
@@ -33,6 +50,9 @@ bool isDateOnly(const QDateTime& due, const Calendar& calendar) {
 }
 
 }  // namespace
+
+const QString NotificationEngine::kCrush = QStringLiteral("crush");
+const QString NotificationEngine::kRemindLater = QStringLiteral("remind-later");
 
 void NotificationEngine::requestPermission() { m_notifications.requestAuthorization(); }
 
@@ -49,25 +69,36 @@ void NotificationEngine::cancel(const QUuid& id) {
 
 void NotificationEngine::rescheduleAll(const TaskList& tasks) {
   m_notifications.removeAll();
-  for (const TaskPtr& task : tasks) schedule(*task);
+  const auto now = m_clock.now();
+  const auto calendar = Calendar::of(m_clock);
+  for (const TaskPtr& task : tasks) {
+    for (const auto& request : requests(task->record(), now, calendar)) m_notifications.add(request);
+  }
+}
+
+void NotificationEngine::remindLater(const Task& task, const QString& identifier) {
+  for (const QString& suffix : kSuffixes) {
+    if (!identifier.endsWith(suffix)) continue;
+    m_notifications.add(requestFor(task.record(), suffix, m_clock.now().addSecs(kLaterSeconds)));
+  }
 }
 
 std::vector<NotificationRequest> NotificationEngine::requests(const TaskRecord& record, const QDateTime& now,
                                                               const Calendar& calendar) {
   std::vector<NotificationRequest> wanted;
   if (!record.dueDate || record.isCompleted || record.isBurned.value_or(false)) return wanted;
-  const auto add = [&](const QString& suffix, const QString& title, const QDateTime& firesAt) {
-    if (firesAt > now) wanted.push_back({identifier(record.id, suffix), title, record.text, firesAt.toUTC()});
+  const auto add = [&](const QString& suffix, const QDateTime& firesAt) {
+    if (firesAt > now) wanted.push_back(requestFor(record, suffix, firesAt));
   };
   const QDateTime due = *record.dueDate;
   const QDateTime morning = calendar.at(calendar.day(due), kMorningTime);
   if (isDateOnly(due, calendar)) {
-    add(kDay, Words::tr("Due today"), morning);
+    add(kDay, morning);
     return wanted;
   }
-  add(kEarly, Words::tr("Due in 15 minutes"), due.addSecs(-kEarlySeconds));
-  add(kDue, Words::tr("Due now"), due);
-  if (!calendar.isSameDay(due, now)) add(kMorning, Words::tr("Deadline today"), morning);
+  add(kEarly, due.addSecs(-kEarlySeconds));
+  add(kDue, due);
+  if (!calendar.isSameDay(due, now)) add(kMorning, morning);
   return wanted;
 }
 

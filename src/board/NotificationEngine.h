@@ -12,6 +12,10 @@ namespace tarnwick {
 
 class NotificationEngine final {
  public:
+  /// Keys of the actions that each reminder offers beside opening the note.
+  static const QString kCrush;
+  static const QString kRemindLater;
+
   NotificationEngine(UserNotifications& notifications, const Clock& clock)
       : m_notifications(notifications), m_clock(clock) {}
 
@@ -19,7 +23,10 @@ class NotificationEngine final {
   /// Replaces the note's pending requests.
   void schedule(const Task& task);
   void cancel(const QUuid& id);
+  /// Plans everything anew; what is on the screen stays there.
   void rescheduleAll(const TaskList& tasks);
+  /// Asks again in an hour, until the note is scheduled anew.
+  void remindLater(const Task& task, const QString& identifier);
 
   /// What a note asks for at a moment; past moments are left out.
   [[nodiscard]] static std::vector<NotificationRequest> requests(const TaskRecord& record, const QDateTime& now,

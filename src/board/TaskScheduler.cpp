@@ -32,6 +32,7 @@ void TaskScheduler::performDailyBurn(Burn burnWhat) {
     if (!isBurnable(*task)) continue;
     const QDateTime& createdAt = task->record().createdAt;
     if (!isForced && createdAt >= todayStart && createdAt < todayEnd) continue;
+    if (burnedIDs.empty() && m_ports.beforeBurn) m_ports.beforeBurn();
     burn(*task, now);
     burnedIDs.push_back(task->id());
     m_ports.reminders.cancel(task->id());

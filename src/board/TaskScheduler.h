@@ -21,6 +21,7 @@ class TaskScheduler final {
     Scheduler& scheduler;
     const UserDefaults& defaults;
     NotificationEngine& reminders;
+    std::function<void()> beforeBurn = {};  // makes the copy of what a pass is about to change
   };
   /// Forced burns today's notes too, and does not ask the setting.
   enum class Burn { BeforeToday, Forced };

@@ -8,6 +8,19 @@ namespace tarnwick {
 
 using namespace Qt::StringLiterals;
 
+QString appNoteOffsetKey(const QUuid& id) {
+  return keys::kAppNoteOffsetPrefix + id.toString(QUuid::WithoutBraces).toUpper();
+}
+
+QString tornNoteFrameKey(const QUuid& id) {
+  return keys::kTornNoteFramePrefix + id.toString(QUuid::WithoutBraces).toUpper();
+}
+
+void forgetNote(UserDefaults& defaults, const QUuid& id) {
+  // What could not be written goes with the next change of any setting.
+  for (const auto& key : {appNoteOffsetKey(id), tornNoteFrameKey(id)}) static_cast<void>(defaults.remove(key));
+}
+
 const std::vector<SettingDescriptor>& settingDescriptors() {
   static const std::vector<SettingDescriptor> table{
       {keys::kNoteDisplayMode, SettingType::Text, rawValue(NoteDisplayMode::alwaysOnTop)},

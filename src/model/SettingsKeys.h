@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QUuid>
 
 #include <vector>
 
@@ -45,6 +46,12 @@ struct SettingDescriptor {
   SettingType type = SettingType::Text;
   QString fallback;  // what it prints as when absent and not registered
 };
+
+/// The keys of one note, in the order of their prefixes above.
+[[nodiscard]] QString appNoteOffsetKey(const QUuid& id);
+[[nodiscard]] QString tornNoteFrameKey(const QUuid& id);
+/// Removes what is kept for a note; to be called when it is gone for good.
+void forgetNote(UserDefaults& defaults, const QUuid& id);
 
 /// The table; per-note keys are not in it.
 [[nodiscard]] const std::vector<SettingDescriptor>& settingDescriptors();

@@ -54,7 +54,7 @@ class UnavailableUserNotifications final : public UserNotifications, private Abs
   void remove(const QStringList&) override {}
   void removeAll() override {}
   [[nodiscard]] std::vector<NotificationRequest> pending() const override { return {}; }
-  [[nodiscard]] Registration onActedOn(std::function<void(const QString&)>) override { return {}; }
+  [[nodiscard]] Registration onActedOn(ActedOn) override { return {}; }
 };
 
 class UnavailableAudio final : public Audio, private Absence {

@@ -30,7 +30,7 @@ AppPinning::AppPinning(const BoardServices& services, const ShellPorts& ports, c
                        PinnedWindow& window)
     : m_services(services),
       m_ports(ports),
-      m_offsetKey(keys::kAppNoteOffsetPrefix + taskID.toString(QUuid::WithoutBraces).toUpper()),
+      m_offsetKey(appNoteOffsetKey(taskID)),
       m_window(window) {}
 
 AppPinning::~AppPinning() { undock(); }

@@ -18,14 +18,6 @@
 
 namespace tarnwick {
 
-namespace {
-
-QString frameKey(const QUuid& id) {
-  return keys::kTornNoteFramePrefix + id.toString(QUuid::WithoutBraces).toUpper();
-}
-
-}  // namespace
-
 TornNotePanel* FloatingPanel::tornPanel(const QUuid& id) const {
   const auto found = m_tornPanels.find(id);
   return found == m_tornPanels.end() ? nullptr : found->second.get();
@@ -96,7 +88,7 @@ void FloatingPanel::closePanel(const QUuid& id) { dropPanel(id); }
 
 void FloatingPanel::dropPanel(const QUuid& id) {
   m_rememberedFrames.erase(id);
-  if (!m_services.defaults.stored(frameKey(id)).isUndefined()) (void)m_services.defaults.remove(frameKey(id));
+  if (!m_services.defaults.stored(tornNoteFrameKey(id)).isUndefined()) (void)m_services.defaults.remove(tornNoteFrameKey(id));
   auto node = m_tornPanels.extract(id);
   if (node.empty()) return;
   node.mapped()->orderOut();
@@ -125,7 +117,7 @@ void FloatingPanel::rememberFrame(const QUuid& id) {
   if (!panel || !m_services.defaults.booleanOrOn(keys::kRememberTornNotes)) return;
   const auto& home = panel->home();
   const std::vector<double> reals{home.x, home.y, home.width, home.height};
-  if (m_services.defaults.reals(frameKey(id)) != reals) (void)m_services.defaults.setReals(frameKey(id), reals);
+  if (m_services.defaults.reals(tornNoteFrameKey(id)) != reals) (void)m_services.defaults.setReals(tornNoteFrameKey(id), reals);
 }
 
 void FloatingPanel::readRememberedFrames() {

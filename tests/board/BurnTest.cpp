@@ -192,18 +192,20 @@ TEST_F(Burn, sweepsAshesForGood) {
   const auto ash = yesterdays([](auto& r) { r.isBurned = true; });
   const auto note = desk.add(u"note"_s);
   desk.torn.open.insert(ash->id());
-  ASSERT_TRUE(sweepNotes(desk.notes(), {ash}, &desk.torn).isOk());
+  for (const auto& each : {ash, note}) ASSERT_TRUE(desk.defaults.setReals(appNoteOffsetKey(each->id()), {1, 2}).isOk());
+  ASSERT_TRUE(sweepNotes(desk.notes(), {ash}, &desk.torn, desk.defaults).isOk());
   EXPECT_TRUE(desk.torn.open.empty());
   EXPECT_EQ(desk.notes().fetchTasks(), TaskList{note});
   EXPECT_FALSE(desk.stored(ash->id()));
-  EXPECT_TRUE(sweepNotes(desk.notes(), {}, &desk.torn).isOk());
+  EXPECT_EQ(desk.defaults.storedKeys().filter(keys::kAppNoteOffsetPrefix), QStringList{appNoteOffsetKey(note->id())});
+  EXPECT_TRUE(sweepNotes(desk.notes(), {}, &desk.torn, desk.defaults).isOk());
 }
 
 TEST_F(Burn, keepsAshesThatCannotBeSwept) {
   const auto ash = yesterdays([](auto& r) { r.isBurned = true; });
   const auto id = ash->id();
   desk.refuseWrites();
-  EXPECT_FALSE(sweepNotes(desk.notes(), {ash}, nullptr).isOk());
+  EXPECT_FALSE(sweepNotes(desk.notes(), {ash}, nullptr, desk.defaults).isOk());
   EXPECT_TRUE(desk.notes().findTask(id));
   desk.allowWrites();
   EXPECT_TRUE(desk.notes().save().isOk());

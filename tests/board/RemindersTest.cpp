@@ -7,6 +7,7 @@ namespace tarnwick::test {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 class Reminders : public testing::Test {
  protected:
@@ -34,6 +35,23 @@ class Reminders : public testing::Test {
 };
 
 }  // namespace
+
+TEST_F(Reminders, askAgainInAnHourUntilTheNoteIsScheduledAnew) {
+  const auto task = due(u"2026-03-04T14:00:00"_s);
+  desk.reminders.schedule(*task);
+  desk.time.setLocal(u"2026-03-04T13:59:00"_s);
+  desk.time.advance(1min);
+  const auto identifier = task->id().toString(QUuid::WithoutBraces).toUpper() + u"-due"_s;
+  desk.notifications.requests.clear();  // all three have come
+  desk.reminders.remindLater(*task, identifier);
+  EXPECT_EQ(pending(task), QStringList{u"-due 2026-03-04 15:00 Due now"_s});
+  EXPECT_EQ(desk.notifications.requests[0].actions.size(), 2u);
+  task->set(&TaskRecord::dueDate, desk.at(u"2026-03-04T14:10:00"_s));
+  desk.reminders.schedule(*task);
+  EXPECT_EQ(pending(task), QStringList{u"-due 2026-03-04 14:10 Due now"_s});
+  desk.reminders.remindLater(*task, u"tray-missing"_s);
+  EXPECT_EQ(desk.notifications.requests.size(), 1u);
+}
 
 TEST_F(Reminders, areAtMostThreeAndNeverPast) {
   struct Row {

@@ -26,7 +26,7 @@ class FakeUserNotifications final : public UserNotifications {
   std::vector<NotificationRequest> requests;
   int authorizationRequests = 0;
   int removeAllCalls = 0;
-  ObserverList<const QString&> actedOn;
+  ObserverList<const QString&, const QString&> actedOn;
 
   [[nodiscard]] PortTraits traits() const override { return PortTraits::served(QStringLiteral("fake")); }
   void requestAuthorization() override { ++authorizationRequests; }
@@ -42,7 +42,7 @@ class FakeUserNotifications final : public UserNotifications {
     requests.clear();
   }
   [[nodiscard]] std::vector<NotificationRequest> pending() const override { return requests; }
-  [[nodiscard]] Registration onActedOn(std::function<void(const QString&)> observer) override {
+  [[nodiscard]] Registration onActedOn(ActedOn observer) override {
     return actedOn.add(std::move(observer));
   }
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "WholeProgram.h"
 
+#include "board/NotificationEngine.h"
 #include "shell/TornNotePanel.h"
 
 #include <QJsonArray>
@@ -33,6 +34,46 @@ TEST_F(NoteLife, aNewNoteIsTornOffRemindedAndThereAfterARestart) {
   EXPECT_EQ(program.note(id)->record(), before);
   EXPECT_TRUE(program.panel().isOpen(uuid));
   EXPECT_EQ(program.notifications.requests.size(), 3U) << "reminders are planned again at launch";
+}
+
+TEST_F(NoteLife, aReminderIsActedOnFromItsNotification) {
+  const auto acts = [this](const QString& note, const QString& action) {
+    program.notifications.actedOn.notify(note + QStringLiteral("-due"), action);
+    program.settle();
+  };
+  const auto due = [this](const QString& text) {
+    return add({text, QStringLiteral("--due"), QStringLiteral("2026-03-03T14:00"), QStringLiteral("--no-tear")});
+  };
+  const auto note = due(QStringLiteral("Call home"));
+  acts(note, {});
+  EXPECT_TRUE(program.panel().isPresented()) << "the board shows the note";
+  program.advance(4h);
+  acts(note, NotificationEngine::kRemindLater);
+  auto& requests = program.notifications.requests;
+  const auto later = std::ranges::find(requests, note + QStringLiteral("-due"), &NotificationRequest::identifier);
+  ASSERT_NE(later, requests.end());
+  EXPECT_EQ(later->firesAt, program.time.now().addSecs(3600));
+  acts(note, NotificationEngine::kCrush);
+  EXPECT_TRUE(program.note(note)->isCompleted());
+  std::erase_if(requests, [](const auto& each) { return each.identifier == u"tray-missing"; });
+  EXPECT_TRUE(requests.empty());
+  const auto finished = program.note(note)->record();
+  for (const auto& action : {NotificationEngine::kCrush, NotificationEngine::kRemindLater, QStringLiteral("nonsense")}) {
+    acts(note, action);
+    acts(QStringLiteral("00000000-0000-0000-0000-000000000001"), action);
+  }
+  EXPECT_EQ(program.note(note)->record(), finished);
+  EXPECT_TRUE(requests.empty());
+}
+
+TEST_F(NoteLife, theDaysCopyIsMadeBeforeTheBurn) {
+  program.time.setLocal(QStringLiteral("2026-03-03T23:59:30"));
+  add({QStringLiteral("Nobody cared")});
+  program.advance(2min);  // the pass comes before anybody says that the day has changed
+  const auto copy = QFileInfo(program.storePath()).dir().filePath(QStringLiteral("backups/Tarnwick-2026-03-04.store"));
+  const auto yesterday = ModelContainer::open(copy);
+  ASSERT_TRUE(yesterday.isOk());
+  EXPECT_FALSE(yesterday.value()->mainContext().fetchTasks().front()->isBurned());
 }
 
 TEST_F(NoteLife, midnightBurnsWhatNobodyCrushedAndClosesItsWindow) {
@@ -76,27 +117,6 @@ TEST_F(NoteLife, crushUndoAndUndoAgain) {
   EXPECT_FALSE(program.note(id)->isCompleted());
   EXPECT_TRUE(program.panel().isOpen(QUuid::fromString(id)));
   program.tarnwick({QStringLiteral("undo")}, 1);
-}
-
-TEST_F(NoteLife, aYearOfMidnightsKeepsItsRulesThroughBothClockChanges) {
-  const auto daily = add({QStringLiteral("Every day"), QStringLiteral("--repeat"), QStringLiteral("daily"),
-                          QStringLiteral("--due"), QStringLiteral("2026-03-03T02:30")});
-  for (int day = 0; day < 366; ++day) {
-    const auto id = add({QStringLiteral("Leftover")});
-    program.tarnwick({QStringLiteral("crush"), daily});
-    if (day % 30 == 0) {
-      program.advance(24h);
-    } else {  // the machine slept through midnight
-      program.time.jump(23h);
-      program.advance(1h);
-    }
-    ASSERT_TRUE(program.note(id)->isBurned()) << day;
-    ASSERT_FALSE(program.note(daily)->isBurned()) << day;
-    const auto due = program.note(daily)->dueDate()->toTimeZone(program.time.timeZone());
-    ASSERT_EQ(due.date(), program.time.now().toTimeZone(program.time.timeZone()).date()) << day;
-    ASSERT_GE(due.time().hour(), 2) << day;
-    program.tarnwick({QStringLiteral("sweep"), QStringLiteral("--yes")});
-  }
 }
 
 TEST_F(NoteLife, aNoteThatLetsGoOfItsWindowKeepsItsPlace) {

@@ -138,7 +138,8 @@ CommandReply CommandRunner::revive(const CommandLine& line, const BoardServices&
 
 CommandReply CommandRunner::sweep(const BoardServices& services) const {
   ModelContext& context = services.container.mainContext();
-  const auto swept = sweepNotes(context, burnedTasks(context.fetchTasks()), services.torn ? services.torn() : nullptr);
+  const auto swept = sweepNotes(context, burnedTasks(context.fetchTasks()), services.torn ? services.torn() : nullptr,
+                                services.defaults);
   return swept ? done() : failed(swept.error().text);
 }
 

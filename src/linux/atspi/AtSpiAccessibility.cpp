@@ -15,7 +15,11 @@ const QString kPlankTrash = QStringLiteral("trash");
 }  // namespace
 
 AtSpiAccessibility::AtSpiAccessibility(XcbConnection& connection, PlankDock& plank)
-    : m_x(connection), m_plank(plank), m_clients(connection), m_tree({[this] { return pidsOfDocks(); }, [this](quint32 window) -> std::optional<DesktopRect> {
+    : m_x(connection),
+      m_plank(plank),
+      m_clients(connection),
+      m_tree({[this] { return pidsOfDocks(); },
+              [this](quint32 window) -> std::optional<DesktopRect> {
                 const auto frame = m_x.geometry(window);
                 return frame ? std::optional(desktopFromNative(*frame)) : std::nullopt;
               }}) {

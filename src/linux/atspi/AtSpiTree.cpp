@@ -241,7 +241,7 @@ void AtSpiTree::addTrashPlugins() {
   for (auto plugin = m_job->trashPlugins.cbegin(); plugin != m_job->trashPlugins.cend(); ++plugin) {
     const auto frame = plugin.value() > 0 ? m_windows.frameOf(plugin.value()) : std::nullopt;
     if (reached.contains(plugin.key()) || !frame) continue;
-    const ElementRef root{plugin.key(), kRoot};
+    const ElementRef root{plugin.key(), QStringLiteral("/")};
     const ElementRef button{plugin.key(), QStringLiteral("/socket")};
     reading.docks.push_back(root);
     reading.nodes.insert(keyOf(root), {{}, {button}});

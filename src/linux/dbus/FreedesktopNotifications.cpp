@@ -21,6 +21,7 @@ namespace {
 using namespace std::chrono_literals;
 
 const QString kService = QStringLiteral("org.freedesktop.Notifications");
+const QString kDefaultAction = QStringLiteral("default");
 const QString kPath = QStringLiteral("/org/freedesktop/Notifications");
 constexpr uchar kUrgencyNormal = 1;
 // A clock that is moved without anybody saying so is noticed after this at the latest.
@@ -66,6 +67,14 @@ void FreedesktopNotifications::add(const NotificationRequest& request) {
 
 void FreedesktopNotifications::remove(const QStringList& identifiers) {
   std::erase_if(m_pending, [&](const auto& each) { return identifiers.contains(each.identifier); });
+  m_shown.removeIf([&](const auto& shown) {
+    if (!identifiers.contains(shown.value())) return false;
+    withdraw(shown.key());
+    return true;
+  });
+  for (const auto& identifier : identifiers) {
+    if (m_asked.contains(identifier)) m_unwanted.insert(identifier);
+  }
   plan();
 }
 
@@ -74,7 +83,7 @@ void FreedesktopNotifications::removeAll() {
   plan();
 }
 
-Registration FreedesktopNotifications::onActedOn(std::function<void(const QString&)> observer) {
+Registration FreedesktopNotifications::onActedOn(ActedOn observer) {
   return m_actedOn.add(std::move(observer));
 }
 
@@ -106,19 +115,38 @@ void FreedesktopNotifications::show(const NotificationRequest& request) {
                           {QStringLiteral("urgency"), QVariant::fromValue(kUrgencyNormal)},
                           {QStringLiteral("category"), QStringLiteral("x-tarnwick.reminder")},
                           {QStringLiteral("sound-name"), QStringLiteral("message-new-instant")}};
-  const QStringList actions =
-      m_hasActions ? QStringList{QStringLiteral("default"), QCoreApplication::translate("Notifications", "Open")}
-                   : QStringList();
+  QStringList actions;
+  if (m_hasActions) {
+    actions << kDefaultAction << QCoreApplication::translate("Notifications", "Open");
+    for (const auto& action : request.actions) actions << action.key << action.label;
+  }
   auto call = callTo(QStringLiteral("Notify"));
   call << QStringLiteral("Tarnwick") << replaces << kApplicationID << request.title
        << (m_hasMarkup ? request.body.toHtmlEscaped() : request.body) << actions << hints << -1;
+  m_asked.insert(request.identifier);
+  m_unwanted.remove(request.identifier);
   auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
   connect(watcher, &QDBusPendingCallWatcher::finished, this,
           [this, identifier = request.identifier](QDBusPendingCallWatcher* done) {
             done->deleteLater();
             const QDBusPendingReply<uint> reply = *done;
-            if (!reply.isError()) m_shown.insert(reply.value(), identifier);
+            m_asked.remove(identifier);
+            const bool isUnwanted = m_unwanted.remove(identifier);
+            if (reply.isError()) return;
+            // A slow server shows what was removed before it answered.
+            if (isUnwanted) {
+              withdraw(reply.value());
+            } else {
+              m_shown.insert(reply.value(), identifier);
+            }
           });
+}
+
+void FreedesktopNotifications::withdraw(uint id) {
+  auto call = callTo(QStringLiteral("CloseNotification"));
+  call.setAutoStartService(false);
+  call << id;
+  QDBusConnection::sessionBus().send(call);
 }
 
 void FreedesktopNotifications::askCapabilities() {
@@ -135,8 +163,8 @@ void FreedesktopNotifications::askCapabilities() {
 }
 
 void FreedesktopNotifications::actionInvoked(uint id, const QString& action) {
-  if (action != u"default") return;
-  if (const auto identifier = m_shown.take(id); !identifier.isEmpty()) m_actedOn.notify(identifier);
+  const auto identifier = m_shown.take(id);
+  if (!identifier.isEmpty()) m_actedOn.notify(identifier, action == kDefaultAction ? QString() : action);
 }
 
 void FreedesktopNotifications::notificationClosed(uint id, uint) { m_shown.remove(id); }

@@ -8,6 +8,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
 
 #include <chrono>
 
@@ -32,7 +33,7 @@ class FreedesktopNotifications final : public QObject, public UserNotifications 
   void remove(const QStringList& identifiers) override;
   void removeAll() override;
   [[nodiscard]] std::vector<NotificationRequest> pending() const override { return m_pending; }
-  [[nodiscard]] Registration onActedOn(std::function<void(const QString&)> observer) override;
+  [[nodiscard]] Registration onActedOn(ActedOn observer) override;
 
  private Q_SLOTS:
   void actionInvoked(uint id, const QString& action);
@@ -43,18 +44,21 @@ class FreedesktopNotifications final : public QObject, public UserNotifications 
   void plan();
   void fireDue();
   void show(const NotificationRequest& request);
+  void withdraw(uint id);
   void askCapabilities();
 
   const Clock& m_clock;
   Scheduler& m_scheduler;
   std::vector<NotificationRequest> m_pending;  // soonest first
   QHash<uint, QString> m_shown;                // server's number -> identifier
+  QSet<QString> m_asked;                       // on their way to the server
+  QSet<QString> m_unwanted;                    // of those, what was removed meanwhile
   bool m_hasBus = false;
   bool m_hasMarkup = false;
   bool m_hasActions = true;
   Registration m_timer;
   Registration m_clockChanges;
-  Observers<const QString&> m_actedOn;
+  Observers<const QString&, const QString&> m_actedOn;
 };
 
 }  // namespace tarnwick

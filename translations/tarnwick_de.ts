@@ -159,7 +159,7 @@
         <translation>Lage und Größe der Fenster</translation>
     </message>
     <message>
-        <source>it is no note of Tomboy's form</source>
+        <source>it is no note of Tomboy&apos;s form</source>
         <translation>das ist keine Notiz in der Form von Tomboy</translation>
     </message>
     <message>
@@ -496,7 +496,7 @@
         <translation>Tarnwick läuft</translation>
     </message>
     <message>
-        <source>This desktop shows no tray. Open the board with %1, with the command "tarnwick toggle", or with Tarnwick's icon in the launcher.</source>
+        <source>This desktop shows no tray. Open the board with %1, with the command &quot;tarnwick toggle&quot;, or with Tarnwick&apos;s icon in the launcher.</source>
         <translation>Diese Arbeitsumgebung zeigt kein Symbolfeld. Das Brett öffnet sich mit %1, mit dem Befehl „tarnwick toggle“ oder mit dem Symbol von Tarnwick im Programmstarter.</translation>
     </message>
 </context>
@@ -952,7 +952,7 @@
         <translation>diese Hilfe ausgeben</translation>
     </message>
     <message>
-        <source>"tarnwick VERB --help" tells of one verb.</source>
+        <source>&quot;tarnwick VERB --help&quot; tells of one verb.</source>
         <translation>„tarnwick VERB --help“ erklärt ein Verb.</translation>
     </message>
     <message>
@@ -1101,7 +1101,7 @@
         <translation>Morgendlicher Anstoß zum Planen</translation>
     </message>
     <message>
-        <source>Once a day the board drops from the menu bar asking for today's plan.</source>
+        <source>Once a day the board drops from the menu bar asking for today&apos;s plan.</source>
         <translation>Einmal am Tag fällt das Brett aus der Leiste und fragt nach dem Plan für heute.</translation>
     </message>
     <message>
@@ -1447,7 +1447,7 @@
         <translation>Alle Notizen vor geteilten Bildschirmen verbergen</translation>
     </message>
     <message>
-        <source>You still see them; Zoom, Meet, screenshots and recordings don't. Also in the menu bar menu.</source>
+        <source>You still see them; Zoom, Meet, screenshots and recordings don&apos;t. Also in the menu bar menu.</source>
         <translation>Du siehst sie weiterhin; Zoom, Meet, Bildschirmfotos und Aufnahmen nicht. Auch im Menü der Leiste.</translation>
     </message>
     <message>
@@ -1455,7 +1455,7 @@
         <translation>Private Notizen</translation>
     </message>
     <message>
-        <source>Tap the lock in a note's editor to hide just that note.</source>
+        <source>Tap the lock in a note&apos;s editor to hide just that note.</source>
         <translation>Das Schloss beim Bearbeiten einer Notiz verbirgt nur diese.</translation>
     </message>
     <message>
@@ -1513,6 +1513,14 @@
         <source>Deadline today</source>
         <translation>Heute ist Abgabe</translation>
     </message>
+    <message>
+        <source>Crush</source>
+        <translation>Zerknüllen</translation>
+    </message>
+    <message>
+        <source>Remind me in an hour</source>
+        <translation>In einer Stunde erinnern</translation>
+    </message>
 </context>
 <context>
     <name>tarnwick::PickerButton</name>
@@ -1541,7 +1549,7 @@
         <translation>%1MORGEN</translation>
     </message>
     <message>
-        <source>What's today's plan?</source>
+        <source>What&apos;s today&apos;s plan?</source>
         <translation>Was ist der Plan für heute?</translation>
     </message>
     <message>
@@ -1971,7 +1979,7 @@
         <translation>Auf dem neuesten Stand</translation>
     </message>
     <message>
-        <source>Couldn't reach server</source>
+        <source>Couldn&apos;t reach server</source>
         <translation>Server nicht erreichbar</translation>
     </message>
     <message>
@@ -1994,7 +2002,7 @@
         <translation>Fertig? Zerknüllen.</translation>
     </message>
     <message>
-        <source>Click the circle on a note and it crumples into your Dock's Trash. Keyboard: arrow keys to pick a note, ⌘⌫ to crush. ⌘Z undoes.</source>
+        <source>Click the circle on a note and it crumples into your Dock&apos;s Trash. Keyboard: arrow keys to pick a note, ⌘⌫ to crush. ⌘Z undoes.</source>
         <translation>Ein Klick auf den Kreis, und die Notiz fliegt zerknüllt in den Papierkorb. Tastatur: Pfeiltasten wählen, ⌘⌫ zerknüllt, ⌘Z nimmt es zurück.</translation>
     </message>
     <message>
@@ -2002,7 +2010,7 @@
         <translation>Notizen treffen den Papierkorb</translation>
     </message>
     <message>
-        <source>Accessibility lets Tarnwick see where your Dock's Trash is, so the paper ball lands inside it. Nothing is read from your apps or sent anywhere.</source>
+        <source>Accessibility lets Tarnwick see where your Dock&apos;s Trash is, so the paper ball lands inside it. Nothing is read from your apps or sent anywhere.</source>
         <translation>Über die Barrierefreiheit sieht Tarnwick, wo der Papierkorb liegt, damit der Papierball darin landet. Nichts wird aus Programmen gelesen oder gesendet.</translation>
     </message>
     <message>

@@ -136,7 +136,7 @@ TEST_F(ADueNotification, IsShownAndTellsWhenItIsClicked) {
   notifications.requestAuthorization();
   EXPECT_TRUE(notifications.traits().isAvailable);
   QStringList acted;
-  const auto handle = notifications.onActedOn([&](const QString& identifier) { acted << identifier; });
+  const auto handle = notifications.onActedOn([&](const QString& identifier, const QString&) { acted << identifier; });
   notifications.add({QStringLiteral("id-due"), QStringLiteral("Due now"), QStringLiteral("a <b & c"), time.now().addSecs(60)});
   EXPECT_FALSE(onScreen());
   time.advance(1min);

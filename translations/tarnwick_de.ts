@@ -1051,6 +1051,32 @@
     </message>
 </context>
 <context>
+    <name>tarnwick::CrushTargetField</name>
+    <message>
+        <source>Automatic</source>
+        <translation>Automatisch</translation>
+    </message>
+    <message>
+        <source>Let Tarnwick find the Trash</source>
+        <translation>Tarnwick den Papierkorb finden lassen</translation>
+    </message>
+    <message>
+        <source>Pick…</source>
+        <translation>Auswählen…</translation>
+    </message>
+    <message>
+        <source>Pick where crushed notes land</source>
+        <translation>Auswählen, wo zerknüllte Notizen landen</translation>
+    </message>
+</context>
+<context>
+    <name>tarnwick::CrushTargetPicker</name>
+    <message>
+        <source>Click where crushed notes should land. Escape leaves it as it is.</source>
+        <translation>Klicken, wo zerknüllte Notizen landen sollen. Escape lässt es, wie es ist.</translation>
+    </message>
+</context>
+<context>
     <name>tarnwick::DateBlock</name>
     <message>
         <source>Previous month</source>
@@ -1123,6 +1149,14 @@
     <message>
         <source>Launch at login</source>
         <translation>Beim Anmelden starten</translation>
+    </message>
+    <message>
+        <source>Where crushed notes land</source>
+        <translation>Wo zerknüllte Notizen landen</translation>
+    </message>
+    <message>
+        <source>In the Trash of your panel or dock, or on a place that you pick.</source>
+        <translation>Im Papierkorb der Leiste oder des Docks, oder auf einer selbst gewählten Stelle.</translation>
     </message>
 </context>
 <context>

@@ -364,7 +364,8 @@ void AppDelegate::showSettings() {
     parts.settings = std::make_unique<SettingsView>(SettingsServices{parts.defaults, parts.center, parts.sound,
                                                                      parts.updates, m_ports.loginItem,
                                                                      m_ports.captureWatch, m_ports.workspace,
-                                                                     m_ports.scheduler});
+                                                                     m_ports.scheduler, m_ports.screens,
+                                                                     m_ports.dockPreferences});
     connect(parts.settings.get(), &SettingsView::importRequested, this, [this] { importWindow().choose(); });
   }
   parts.settings->show();

@@ -5,7 +5,9 @@
 #include "effects/Tokens.h"
 #include "model/SettingsKeys.h"
 #include "model/UserDefaults.h"
+#include "settings/CrushTargetField.h"
 #include "settings/HotKeyField.h"
+#include "settings/PlateButton.h"
 #include "settings/SettingsGroup.h"
 #include "settings/SettingsRow.h"
 #include "settings/SettingsText.h"
@@ -23,6 +25,8 @@ GeneralPane::GeneralPane(const SettingsServices& services, QWidget* parent) : Se
   addSwitch(*day, keys::kDailyBurn,
             {tr("Daily Burn"), tr("At midnight, uncrushed notes without a date turn to ash. Revive them anytime.")});
   addGap(12);
+  addTrash();
+  addGap(12);
   addLogin();
   column().addStretch();
 }
@@ -38,6 +42,16 @@ void GeneralPane::addShortcut() {
   connect(field, &HotKeyField::recorded, this,
           [&defaults](const QString& chord) { static_cast<void>(defaults.setText(keys::kHotKey, chord)); });
   follow(keys::kHotKey, [&defaults, field] { field->setChord(defaults.text(keys::kHotKey).value_or(QString())); });
+}
+
+void GeneralPane::addTrash() {
+  auto* group = addGroup();
+  auto* row = new SettingsRow(tr("Where crushed notes land"),
+                              tr("In the Trash of your panel or dock, or on a place that you pick."), group);
+  auto* field = new CrushTargetField(services().defaults, services().screens, services().dock, row);
+  row->setControl(field, PlateButton::kRingRoom);
+  group->addRow(row);
+  follow(keys::kCrushTarget, [field] { field->refresh(); });
 }
 
 void GeneralPane::addLogin() {

@@ -19,6 +19,7 @@ class GeneralPane final : public SettingsPane {
 
  private:
   void addShortcut();
+  void addTrash();
   void addLogin();
   void setLaunchAtLogin(bool isOn);
   void refreshLogin();

@@ -4,8 +4,10 @@
 
 #include "platform/CaptureWatch.h"
 #include "platform/Clock.h"
+#include "platform/DockPreferences.h"
 #include "platform/LoginItem.h"
 #include "platform/Scheduler.h"
+#include "platform/Screens.h"
 #include "platform/Workspace.h"
 
 #include <QWidget>
@@ -30,6 +32,8 @@ struct SettingsServices {
   const CaptureWatch& capture;
   Workspace& workspace;
   Scheduler& scheduler;
+  const Screens& screens;
+  const DockPreferences& dock;
 };
 
 class SettingsView final : public QWidget {

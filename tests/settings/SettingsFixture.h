@@ -52,7 +52,7 @@ class SettingsFixture : public testing::Test {
 
   SettingsView& open(SettingsView::Pane pane) {
     view = std::make_unique<SettingsView>(
-        SettingsServices{defaults, center, sound, updates, loginItem, capture, workspace, time});
+        SettingsServices{defaults, center, sound, updates, loginItem, capture, workspace, time, screens, dock});
     view->selectPane(pane);
     view->show();
     view->activateWindow();
@@ -74,6 +74,8 @@ class SettingsFixture : public testing::Test {
   FakeWorkspace workspace;
   FakeLoginItem loginItem;
   FakeCaptureWatch capture;
+  FakeScreens screens;
+  FakeDockPreferences dock;
   FeedServer server;
   SoundEngine sound{audio, defaults};
   UpdateChecker updates{defaults, time, workspace, server.url(), std::chrono::milliseconds(2000)};

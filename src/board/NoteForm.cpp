@@ -115,7 +115,8 @@ void NoteForm::setDraft(const NoteDraft& draft, const QDateTime& dueDate,
                         const std::optional<QString>& pinnedBundleID) {
   m_draft = draft;
   m_dueEnabled = draft.dueDate.has_value();
-  m_dueDate = draft.dueDate.value_or(dueDate);
+  // A time that is picked is a whole minute, also where it is the proposed one.
+  m_dueDate = draft.dueDate.value_or(dueDate.addMSecs(-(dueDate.toMSecsSinceEpoch() % 60000)));
   m_app->setPins(pinnedBundleID, draft.repository);
   m_dateBlock->hide();
   m_text->setNoteText(draft.text);

@@ -13,6 +13,7 @@
 
 #include <QDir>
 #include <QImage>
+#include <QPainter>
 #include <QTemporaryDir>
 
 namespace tarnwick {
@@ -36,7 +37,7 @@ class AFlightIntoTheTrash : public testing::Test {
   AFlightIntoTheTrash() { QDir().mkpath(shots); }
 
   QImage screenshot(const QString& name) {
-    const auto path = shots + u'/' + name + u".png"_s;
+    const auto path = (name.startsWith(u'/') ? name : shots + u'/' + name) + u".png"_s;
     test::run(u"import"_s, {u"-window"_s, u"root"_s, path});
     return QImage(path);
   }
@@ -122,6 +123,27 @@ TEST_F(AFlightIntoTheTrash, EndsInThePanelsTrashButton) {
   holdAt(1420ms);
   EXPECT_EQ(completions, 1);
   EXPECT_EQ(rectFromText(defaults.text(u"dockTrashFrame"_s).value_or(QString())), *button);
+}
+
+/// With TARNWICK_FRAMES set to a folder: the flight frame by frame, 25 in a second.
+TEST_F(AFlightIntoTheTrash, CanBeLookedAtFrameByFrame) {
+  const auto frames = qEnvironmentVariable("TARNWICK_FRAMES");
+  if (frames.isEmpty()) GTEST_SKIP() << "nobody looks";
+  ASSERT_TRUE(holdsSoon([&] { return trash.axTrashFrame().has_value(); }));
+  const QColor paper(0xFF, 0xE1, 0x69);
+  QImage picture(250, 230, QImage::Format_ARGB32_Premultiplied);
+  picture.fill(paper);
+  QPainter painter(&picture);
+  painter.setFont(QFont(u"Inter"_s, 15, QFont::DemiBold));
+  painter.setPen(QColor(0x3A, 0x2E, 0x10));
+  painter.drawText(picture.rect().adjusted(18, 20, -18, -20), Qt::TextWordWrap, u"Call the baker about Saturday's cake"_s);
+  painter.end();
+  const auto flight = animator.play({760, 420, 250, 230}, paper, picture, Motion::Full, [] {});
+  for (int frame = 0; animator.flightsUnderWay() > 0; ++frame) {
+    QTest::qWait(60);  // the compositor's own time
+    screenshot(frames + u"/%1"_s.arg(frame, 3, 10, QLatin1Char('0')));
+    time.advance(40ms);
+  }
 }
 
 }  // namespace

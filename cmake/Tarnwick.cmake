@@ -8,14 +8,25 @@ target_compile_definitions(tarnwick_options INTERFACE
   TARNWICK_VERSION="${PROJECT_VERSION}")
 target_compile_options(tarnwick_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wno-sign-conversion -Werror)
+# libpulse wants it; one compiled header serves only sources that agree on it.
+target_compile_options(tarnwick_options INTERFACE -pthread)
 if(TARNWICK_SANITIZE)
   target_compile_options(tarnwick_options INTERFACE -fsanitize=${TARNWICK_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   target_link_options(tarnwick_options INTERFACE -fsanitize=${TARNWICK_SANITIZE})
 endif()
 
+# One precompiled header serves every target that names the same one: each is 300 MB. So what it was compiled with must not
+# differ between targets, and Qt Test's definitions, which name each target's own folder, go.
+set_target_properties(Qt6::Test PROPERTIES INTERFACE_COMPILE_DEFINITIONS QT_TESTLIB_LIB)
 function(tarnwick_precompile target header)
   if(TARNWICK_PCH)
-    target_precompile_headers(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/${header})
+    get_property(first GLOBAL PROPERTY tarnwick_precompiled_${header})
+    if(first)
+      target_precompile_headers(${target} REUSE_FROM ${first})
+    else()
+      target_precompile_headers(${target} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/${header})
+      set_property(GLOBAL PROPERTY tarnwick_precompiled_${header} ${target})
+    endif()
   endif()
 endfunction()
 

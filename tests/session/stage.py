@@ -43,6 +43,14 @@ def never(condition, what, during=1.2):
         time.sleep(0.03)
 
 
+def sleeps_and_wakes():
+    """What the mocked login manager says around a sleep."""
+    for argument in ("true", "false"):
+        subprocess.run(["gdbus", "call", "--system", "-d", "org.freedesktop.login1", "-o", "/org/freedesktop/login1", "-m",
+                        "org.freedesktop.DBus.Mock.EmitSignal", "org.freedesktop.login1.Manager", "PrepareForSleep", "b",
+                        f"[<{argument}>]"], check=True, capture_output=True)
+
+
 class XServer:
     """A client of its own that only looks."""
 

@@ -4,10 +4,9 @@ comes through a restart. Elapsed time stays the machine's."""
 import datetime
 import os
 import pathlib
-import subprocess
 
 from driver import wait
-from stage import expect, play
+from stage import expect, play, sleeps_and_wakes
 
 LIBRARIES = list(pathlib.Path("/usr/lib").glob("*/faketime/libfaketime.so.1"))
 
@@ -24,14 +23,6 @@ class WallClock:
         staged = self.file.with_suffix(".new")
         staged.write_text(f"{day} {time}\n")
         staged.rename(self.file)
-
-
-def wake():
-    """What the login manager says after a sleep: the program looks at the clock at once."""
-    for argument in ("true", "false"):
-        subprocess.run(["gdbus", "call", "--system", "-d", "org.freedesktop.login1", "-o", "/org/freedesktop/login1", "-m",
-                        "org.freedesktop.DBus.Mock.EmitSignal", "org.freedesktop.login1.Manager", "PrepareForSleep", "b",
-                        f"[<{argument}>]"], check=True, capture_output=True)
 
 
 def scene(tarnwick, server, say):
@@ -61,7 +52,7 @@ def scene(tarnwick, server, say):
 
     # the machine sleeps over midnight
     clock.set(today + datetime.timedelta(days=1), "00:01:00")
-    wake()
+    sleeps_and_wakes()
     wait(lambda: tarnwick.note("Nobody cared").get("isBurned"), "the note turns to ash")
     wait(lambda: not server.is_viewable(window), "and leaves the desktop")
     states = {note["id"]: note.get("isBurned", False) for note in tarnwick.notes()}
@@ -81,7 +72,7 @@ def scene(tarnwick, server, say):
     tarnwick.element("^Revive$|Revive")
     revived = tarnwick.note("Nor for this")
     expect(revived["createdAt"].startswith("2027-03-10T00:01") and "burnedAt" not in revived, "written anew")
-    wake()
+    sleeps_and_wakes()
     say("one is back on the board")
 
     # the other goes for good, by the button

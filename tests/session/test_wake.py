@@ -1,16 +1,7 @@
 # SPDX-License-Identifier: MIT
 """After the machine woke, the notes come back above the other windows, if that is wanted."""
-import subprocess
-
 from driver import wait, xdo
-from stage import Plain, never, park, play
-
-
-def sleeps_and_wakes():
-    for argument in ("true", "false"):
-        subprocess.run(["gdbus", "call", "--system", "-d", "org.freedesktop.login1", "-o", "/org/freedesktop/login1", "-m",
-                        "org.freedesktop.DBus.Mock.EmitSignal", "org.freedesktop.login1.Manager", "PrepareForSleep", "b",
-                        f"[<{argument}>]"], check=True, capture_output=True)
+from stage import Plain, never, park, play, sleeps_and_wakes
 
 
 def scene(tarnwick, server, say):

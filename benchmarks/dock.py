@@ -11,29 +11,19 @@ import time
 from Xlib import X, display
 from Xlib.ext import xtest
 
+from figures import quantile, reporter
+
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "tests" / "session"))
 from driver import Failure, Tarnwick, wait, xdo  # noqa: E402
 from stage import Terminal, XServer, park, settled  # noqa: E402
 
+report = reporter("dock", digits=2)
 COMMAND = str(pathlib.Path(sys.argv[1]).resolve() / "tarnwick")
 FRAME = 1000 / 60  # ms
 MOVES = 200
 DRAG = 5  # seconds
 IDLE = 60
 SETTLING = 15  # until what was started is at rest
-
-
-def report(figure, value, unit, floor, of, target):
-    if value is None or not floor:
-        print(f"dock.{figure} {'-' if value is None else value} {unit} ratio=- of={of} target={target:.2f} void")
-    else:
-        word = "ok" if value / floor <= target else "short"
-        print(f"dock.{figure} {value:.2f} {unit} ratio={value / floor:.2f} of={of} target={target:.2f} {word}")
-    sys.stdout.flush()
-
-
-def quantile(values, part):
-    return sorted(values)[min(len(values) - 1, int(part * len(values)))] if values else None
 
 
 class Costs:

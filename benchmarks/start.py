@@ -18,19 +18,13 @@ from gi.repository import Gio, GLib  # noqa: E402
 from Xlib import X, display, error  # noqa: E402
 from Xlib.ext import damage  # noqa: E402
 
+from figures import reporter  # noqa: E402
+
+report = reporter("start")
 BIN = pathlib.Path(sys.argv[1]).resolve()
 RUNS = int(os.environ.get("TARNWICK_BENCH_RUNS", "20"))
 NAME = "app.tarnwick.Tarnwick"
 PEERS = {"xpad": ["xpad"], "gnote": ["gnote"], "tomboy-ng": ["tomboy-ng"], "zim": ["zim"]}
-
-
-def report(figure, value, floor, of, target):
-    if value is None or not floor:
-        print(f"start.{figure} {'-' if value is None else round(value, 1)} ms ratio=- of={of} target={target:.2f} void")
-    else:
-        word = "ok" if value / floor <= target else "short"
-        print(f"start.{figure} {value:.1f} ms ratio={value / floor:.2f} of={of} target={target:.2f} {word}")
-    sys.stdout.flush()
 
 
 class Watch:
@@ -179,8 +173,8 @@ def main():
     empty_tray = middle([each and each[0] for each in floors])
     empty_window = middle([each and each[1] for each in floors])
     tray, board = middle(trays), middle(boards)
-    report("tray", tray, empty_tray, "empty-qt-tray", 1.5)
-    report("board", board, empty_window, "empty-qt-window", 1.5)
+    report("tray", tray, "ms", empty_tray, "empty-qt-tray", 1.5)
+    report("board", board, "ms", empty_window, "empty-qt-window", 1.5)
     best = {}
     if os.environ.get("TARNWICK_PEERS"):
         for name, words in PEERS.items():
@@ -188,7 +182,7 @@ def main():
                 best[name] = middle([peer(watch, words) for _ in range(max(3, RUNS // 4))])
     best = {name: value for name, value in best.items() if value}
     fastest = min(best, key=best.get) if best else "best-peer"
-    report("board-peer", board, best.get(fastest), fastest, 0.6)
+    report("board-peer", board, "ms", best.get(fastest), fastest, 0.6)
 
 
 main()

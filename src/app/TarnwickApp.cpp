@@ -10,6 +10,7 @@
 #include "linux/LinuxPorts.h"
 #include "linux/time/QtScheduler.h"
 #include "linux/time/SystemClock.h"
+#include "linux/x11/TextScale.h"
 #include "platform/Instance.h"
 #include "platform/Workspace.h"
 
@@ -23,6 +24,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
+#include <vector>
 
 namespace tarnwick {
 namespace {
@@ -68,14 +71,41 @@ void installTranslations(QCoreApplication& application) {
   }
 }
 
-// Everything is painted by ourselves: the desktop's theme plug-in would cost tens of milliseconds and megabytes.
-// In a Wayland session windows keep their place and level only through XWayland.
-void choosePlatform() {
-  qputenv("QT_QPA_PLATFORMTHEME", "generic");
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
-    qputenv("QT_QPA_PLATFORM", "xcb");
+/// Variables as Qt shall find them when it starts; programs that are opened from here get those of the user.
+class StartVariables {
+ public:
+  StartVariables() {
+    // Everything is painted by ourselves: the desktop's theme plug-in would cost tens of milliseconds and megabytes.
+    set("QT_QPA_PLATFORMTHEME", "generic");
+    // In a Wayland session windows keep their place and level only through XWayland.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
+      set("QT_QPA_PLATFORM", "xcb");
+    }
+    const double textScale = desktopTextScale();
+    if (textScale <= 1) return;
+    bool isGiven = false;
+    const double given = qgetenv("QT_SCALE_FACTOR").toDouble(&isGiven);
+    set("QT_SCALE_FACTOR", QByteArray::number(textScale * (isGiven && given > 0 ? given : 1)));
+    set("QT_FONT_DPI", {});
   }
-}
+  void giveBack() {
+    for (const auto& [name, value] : m_before) {
+      if (value.isNull()) {
+        qunsetenv(name);
+      } else {
+        qputenv(name, value);
+      }
+    }
+  }
+
+ private:
+  void set(const char* name, const QByteArray& value) {
+    m_before.emplace_back(name, qgetenv(name));
+    qputenv(name, value);
+  }
+
+  std::vector<std::pair<const char*, QByteArray>> m_before;
+};
 
 // The display server gets a copy with each window, and window managers read it: the large ones are a megabyte.
 QIcon windowIcon() {
@@ -102,10 +132,9 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
     std::fputs("tarnwick: there is no display\n", stderr);
     return 1;
   }
-  choosePlatform();
+  StartVariables variables;
   QApplication application(argc, argv);
-  // Programs that are opened from here have a theme of their own.
-  qunsetenv("QT_QPA_PLATFORMTHEME");
+  variables.giveBack();
   nameApplication();
   installTranslations(application);
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick"));

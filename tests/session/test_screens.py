@@ -1,5 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Panels that change their size, and screens of other scales: what the status tells agrees with the X server."""
+import struct
+
 from Xlib import X, Xatom, display
 
 from driver import wait
@@ -106,9 +108,41 @@ def scaled(tarnwick, server, say, scale):
     say(f"at a scale of {scale}")
 
 
+class LargerFont:
+    """The settings that a desktop publishes, with a font of its own."""
+
+    def __init__(self, font):
+        self.x = display.Display()
+        self.window = self.x.screen().root.create_window(0, 0, 1, 1, 0, X.CopyFromParent)
+        name, value = b"Gtk/FontName", font.encode()
+        padded = value + bytes(-len(value) % 4)
+        setting = struct.pack("<BxH", 1, len(name)) + name + struct.pack("<II", 0, len(value)) + padded
+        atom = self.x.intern_atom("_XSETTINGS_SETTINGS")
+        self.window.change_property(atom, atom, 8, struct.pack("<BxxxII", 0, 1, 1) + setting)
+        self.window.set_selection_owner(self.x.intern_atom("_XSETTINGS_S0"), X.CurrentTime)
+        self.x.sync()
+
+    def close(self):
+        self.x.close()
+
+
+def larger_letters(tarnwick, server, say):
+    for name, variables, scale in (("Sans Bold 13", {}, 1.3), ("Noto Sans 12.5", {"QT_SCALE_FACTOR": "1.2"}, 1.5),
+                                   ("Sans 11", {}, 1), ("Sans 10", {"QT_FONT_DPI": "120"}, 1.25)):
+        font = LargerFont(name)
+        tarnwick.start("--background", env=variables)
+        frame = board_frame(tarnwick, server)
+        side = SIDE * scale
+        expect(abs(frame[2] - side) <= 1 and abs(frame[3] - side) <= 1, f"{name}, {variables}: the board is {frame}")
+        expect(tarnwick.quit() == 0, "it ends well")
+        font.close()
+    say("letters of another size")
+
+
 def scene(tarnwick, server, say):
     park()
     strut(tarnwick, server, say)
+    larger_letters(tarnwick, server, say)
     for scale in (2, 1.5, 1.25):
         scaled(tarnwick, server, say, scale)
 

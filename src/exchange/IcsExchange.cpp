@@ -4,6 +4,7 @@
 #include "exchange/ExchangeWords.h"
 #include "exchange/ForeignNote.h"
 #include "exchange/IcsText.h"
+#include "exchange/IcsTimeZones.h"
 #include "exchange/JsonRecord.h"
 
 #include <QJsonDocument>
@@ -56,19 +57,34 @@ QString repeatRule(Recurrence recurrence, const Calendar& calendar) {
   return {};
 }
 
-/// Rules that no note can have count as none.
-Recurrence recurrenceOf(const QString& rule, const Calendar& calendar) {
+/// A rule in one order, without what says the same again: an interval of one, the day that the rule starts on. The start
+/// of the week changes nothing here.
+QString plainRule(const QString& rule, QDate start) {
   QStringList parts;
   for (const auto& part : rule.toUpper().split(u';', Qt::SkipEmptyParts)) {
-    // The day that the rule starts on says the same again, and the start of the week changes nothing here.
-    if (part != "INTERVAL=1"_L1 && !part.startsWith("WKST="_L1)) parts.append(part);
+    const auto name = part.section(u'=', 0, 0);
+    auto values = part.section(u'=', 1).split(u',');
+    values.sort();
+    const auto value = values.join(u',');
+    const bool isSaidAgain = name == "WKST"_L1 || (name == "INTERVAL"_L1 && value == "1"_L1) ||
+                             (name == "BYDAY"_L1 && value == QLatin1StringView(kDayNames.at(start.dayOfWeek() - 1U))) ||
+                             (name == "BYMONTHDAY"_L1 && value == QString::number(start.day()));
+    if (!isSaidAgain) parts.append(name + u'=' + value);
   }
-  const auto plain = parts.join(u';');
+  parts.sort();
+  return parts.join(u';');
+}
+
+/// Rules that no note can have count as none.
+Recurrence recurrenceOf(const QString& rule, const QDateTime& due, const Calendar& calendar) {
+  const auto start = calendar.day(due);
+  const auto plain = plainRule(rule, start);
+  if (plain.isEmpty()) return Recurrence::none;
   for (const auto recurrence : kRecurrences) {
-    if (!plain.isEmpty() && plain == repeatRule(recurrence, calendar)) return recurrence;
+    if (plain == plainRule(repeatRule(recurrence, calendar), start)) return recurrence;
   }
-  if (plain == "FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,FR"_L1) return Recurrence::weekdays;
-  return Recurrence::none;
+  const bool isWorkingWeek = plain == plainRule(u"FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,FR"_s, start);
+  return isWorkingWeek ? Recurrence::weekdays : Recurrence::none;
 }
 
 /// The text survives as a value of the format when it is made of characters that the format allows.
@@ -79,16 +95,48 @@ bool isPlain(const QString& text) {
          QString::fromUtf8(text.toUtf8()) == text;
 }
 
-/// A due date at midnight is a day, as everywhere.
-void appendDue(QByteArray& result, const QDateTime& due, Recurrence recurrence, const Calendar& calendar) {
+/// How a due date is written; without a value where the format has no form for it.
+struct DueText {
+  QString parameters;
+  QString value;
+};
+
+/// A due date at midnight is a day, as everywhere. Any other is a wall time, so that what repeats keeps its hour when the
+/// clocks change; one that occurs twice that night, and a zone without a name, are written in UTC.
+DueText dueText(const QDateTime& due, const Calendar& calendar) {
   const auto wall = calendar.local(due);
-  const bool isDay = due == calendar.startOfDay(due);
-  const auto value = isDay && utcText(wall) ? std::optional(wall.toString(u"yyyyMMdd"_s)) : utcText(due);
-  if (!value) return;
-  const auto kind = isDay ? u";VALUE=DATE"_s : QString();
+  if (!utcText(due) || wall.date().year() < 1 || wall.date().year() > 9999) return {};
+  if (due == calendar.startOfDay(due)) return {u";VALUE=DATE"_s, wall.toString(u"yyyyMMdd"_s)};
+  const auto& zone = calendar.timeZone();
+  if (zone == QTimeZone::utc() || !QTimeZone::isTimeZoneIdAvailable(zone.id()) || calendar.at(wall.date(), wall.time()) != due)
+    return {{}, *utcText(due)};
+  return {u";TZID="_s + QString::fromUtf8(zone.id()), wall.toString(u"yyyyMMdd'T'HHmmss"_s)};
+}
+
+void appendDue(QByteArray& result, const QDateTime& due, Recurrence recurrence, const Calendar& calendar) {
+  const auto [parameters, value] = dueText(due, calendar);
+  if (value.isEmpty()) return;
   // A rule counts from the start, so a repeating to-do has one.
-  if (recurrence != Recurrence::none) result += ics::line(u"DTSTART"_s + kind, *value);
-  result += ics::line(u"DUE"_s + kind, *value);
+  if (recurrence != Recurrence::none) result += ics::line(u"DTSTART"_s + parameters, value);
+  result += ics::line(u"DUE"_s + parameters, value);
+}
+
+/// The zone that the due dates are written in, from the first to some years after the last: what repeats goes on. Beyond
+/// a lifetime the name has to do.
+QByteArray zoneOf(const std::vector<TaskRecord>& tasks, const Calendar& calendar) {
+  constexpr int kYearsAfter = 10;
+  constexpr int kMostYears = 100;
+  static const QDateTime kEarliest(QDate(1900, 1, 1), QTime(0, 0), Qt::UTC);
+  QDateTime first;
+  QDateTime last;
+  for (const auto& task : tasks) {
+    if (!task.dueDate || !dueText(*task.dueDate, calendar).parameters.startsWith(";TZID="_L1)) continue;
+    if (!first.isValid() || *task.dueDate < first) first = *task.dueDate;
+    if (!last.isValid() || *task.dueDate > last) last = *task.dueDate;
+  }
+  if (!first.isValid()) return {};
+  const auto from = std::max(first.addYears(-1), kEarliest);
+  return ics::TimeZones::component(calendar.timeZone(), from, std::min(last.addYears(kYearsAfter), from.addYears(kMostYears)));
 }
 
 QByteArray todo(const TaskRecord& record, const Calendar& calendar) {
@@ -119,18 +167,24 @@ QByteArray todo(const TaskRecord& record, const Calendar& calendar) {
   return result + "END:VTODO\r\n";
 }
 
-std::optional<QDateTime> momentOf(const ics::Property& property, const Calendar& calendar) {
+/// What the dates of a file are read by.
+struct Times {
+  const Calendar& calendar;
+  const ics::TimeZones& zones;
+  QDateTime now;
+};
+
+std::optional<QDateTime> momentOf(const ics::Property& property, const Times& times) {
   const auto text = property.value.trimmed();
   if (text.size() == 8) {
-    const auto day = calendar.startOfDay(QDate::fromString(text, u"yyyyMMdd"_s));
+    const auto day = times.calendar.startOfDay(QDate::fromString(text, u"yyyyMMdd"_s));
     return day.isValid() ? std::optional(day) : std::nullopt;
   }
   const auto day = QDate::fromString(text.left(8), u"yyyyMMdd"_s);
   const auto time = QTime::fromString(text.mid(8, 7), u"'T'HHmmss"_s);
   if (!day.isValid() || !time.isValid()) return std::nullopt;
   if (text.endsWith(u'Z')) return QDateTime(day, time, Qt::UTC);
-  const QTimeZone zone(property.parameters.value(u"TZID"_s).toUtf8());
-  const auto moment = (zone.isValid() ? Calendar(zone, calendar.locale()) : calendar).at(day, time);
+  const auto moment = times.zones.at(property.parameters.value(u"TZID"_s), day, time, times.calendar);
   return moment.isValid() ? std::optional(moment) : std::nullopt;
 }
 
@@ -139,15 +193,15 @@ class Todo {
  public:
   void add(const ics::Property& property) { m_properties.insert(property.name, property); }
 
-  [[nodiscard]] Result<std::optional<TaskRecord>> record(const Calendar& calendar, const QDateTime& now) const {
-    return m_properties.contains(kFacts) ? ours(calendar, now) : foreign(calendar, now);
+  [[nodiscard]] Result<std::optional<TaskRecord>> record(const Times& times) const {
+    return m_properties.contains(kFacts) ? ours(times) : foreign(times);
   }
 
  private:
   [[nodiscard]] QString text(const QString& name) const { return ics::unescaped(m_properties.value(name).value); }
-  [[nodiscard]] std::optional<QDateTime> moment(const QString& name, const Calendar& calendar) const {
+  [[nodiscard]] std::optional<QDateTime> moment(const QString& name, const Times& times) const {
     const auto found = m_properties.constFind(name);
-    return found == m_properties.constEnd() ? std::nullopt : momentOf(*found, calendar);
+    return found == m_properties.constEnd() ? std::nullopt : momentOf(*found, times);
   }
   /// A note has one board; a to-do may have several categories.
   [[nodiscard]] QString firstCategory() const {
@@ -161,43 +215,43 @@ class Todo {
            (!m_properties.contains(u"STATUS"_s) && m_properties.contains(u"COMPLETED"_s));
   }
 
-  [[nodiscard]] Result<std::optional<TaskRecord>> ours(const Calendar& calendar, const QDateTime& now) const {
+  [[nodiscard]] Result<std::optional<TaskRecord>> ours(const Times& times) const {
     TaskRecord record;
-    record.createdAt = now;
+    record.createdAt = times.now;
     record.text = text(u"DESCRIPTION"_s);
     const auto facts = QJsonDocument::fromJson(text(kFacts).toUtf8());
     if (!facts.isObject()) return Error{ErrorKind::Damaged, ExchangeWords::tr("“%1” cannot be read").arg(kFacts)};
-    if (const auto read = json::readObject(facts.object(), kTaskColumns, calendar, json::Fields::Some, record); !read)
+    if (const auto read = json::readObject(facts.object(), kTaskColumns, times.calendar, json::Fields::Some, record); !read)
       return read.error();
     record.id = QUuid::fromString(text(u"UID"_s).trimmed());
     if (record.id.isNull()) return Error{ErrorKind::Damaged, ExchangeWords::tr("“%1” is missing").arg(u"UID"_s)};
     // Where another program has changed what it knows of, that holds. The format counts whole seconds.
-    const auto due = moment(u"DUE"_s, calendar);
+    const auto due = moment(u"DUE"_s, times);
     if (due && (!record.dueDate || wholeSeconds(*record.dueDate) != *due)) record.dueDate = due;
     if (isCompleted() != record.isCompleted) {
       record.isCompleted = isCompleted();
       record.completedAt =
-          record.isCompleted ? moment(u"COMPLETED"_s, calendar).value_or(now) : std::optional<QDateTime>();
+          record.isCompleted ? moment(u"COMPLETED"_s, times).value_or(times.now) : std::optional<QDateTime>();
     }
     return std::optional(record);
   }
 
-  [[nodiscard]] Result<std::optional<TaskRecord>> foreign(const Calendar& calendar, const QDateTime& now) const {
+  [[nodiscard]] Result<std::optional<TaskRecord>> foreign(const Times& times) const {
     auto words = text(u"SUMMARY"_s).trimmed();
     const auto more = text(u"DESCRIPTION"_s).trimmed();
     if (!more.isEmpty() && more != words) words = words.isEmpty() ? more : words + u'\n' + more;
     if (words.isEmpty()) return std::optional<TaskRecord>();
     const auto uid = text(u"UID"_s).trimmed();
-    auto record = foreignNote(uid.isEmpty() ? words : uid, words, moment(u"CREATED"_s, calendar).value_or(now));
+    auto record = foreignNote(uid.isEmpty() ? words : uid, words, moment(u"CREATED"_s, times).value_or(times.now));
     if (const auto id = QUuid::fromString(uid); !id.isNull()) record.id = id;
-    record.dueDate = moment(u"DUE"_s, calendar);
-    if (record.dueDate) record.recurrenceRaw = rawValue(recurrenceOf(text(u"RRULE"_s), calendar));
+    record.dueDate = moment(u"DUE"_s, times);
+    if (record.dueDate) record.recurrenceRaw = rawValue(recurrenceOf(text(u"RRULE"_s), *record.dueDate, times.calendar));
     record.isCompleted = isCompleted();
-    if (record.isCompleted) record.completedAt = moment(u"COMPLETED"_s, calendar).value_or(now);
+    if (record.isCompleted) record.completedAt = moment(u"COMPLETED"_s, times).value_or(times.now);
     // Given up there is ashes here: out of sight, and it can be revived.
     if (text(u"STATUS"_s).toUpper() == "CANCELLED"_L1) {
       record.isBurned = true;
-      record.burnedAt = moment(u"LAST-MODIFIED"_s, calendar).value_or(now);
+      record.burnedAt = moment(u"LAST-MODIFIED"_s, times).value_or(times.now);
     }
     if (const auto board = firstCategory(); !board.isEmpty()) record.boardRaw = board;
     if (const auto visibility = text(u"CLASS"_s).toUpper(); !visibility.isEmpty() && visibility != "PUBLIC"_L1)
@@ -213,6 +267,7 @@ class Todo {
 QByteArray IcsExchange::write(const std::vector<TaskRecord>& tasks, const Calendar& calendar) {
   QByteArray result = "BEGIN:VCALENDAR\r\nVERSION:2.0\r\n";
   result += ics::line(u"PRODID"_s, u"-//Tarnwick//Tarnwick %1//EN"_s.arg(QStringLiteral(TARNWICK_VERSION)));
+  result += zoneOf(tasks, calendar);
   for (const auto& task : tasks) result += todo(task, calendar);
   return result + "END:VCALENDAR\r\n";
 }
@@ -223,7 +278,10 @@ Result<std::vector<TaskRecord>> IcsExchange::read(const QByteArray& bytes, const
   QStringList open;  // components, outermost first
   std::optional<Todo> current;
   int number = 0;
-  for (const auto& property : ics::properties(bytes)) {
+  const auto content = ics::properties(bytes);
+  const ics::TimeZones zones(content);
+  const Times times{calendar, zones, now};
+  for (const auto& property : content) {
     if (property.name == "BEGIN"_L1) {
       open.append(property.value.trimmed().toUpper());
       if (open.last() == "VTODO"_L1) current.emplace();
@@ -233,7 +291,7 @@ Result<std::vector<TaskRecord>> IcsExchange::read(const QByteArray& bytes, const
         return Error{ErrorKind::Damaged, ExchangeWords::tr("“END:%1” has no beginning").arg(name)};
       if (name != "VTODO"_L1 || !current) continue;
       ++number;
-      auto read = current->record(calendar, now);
+      auto read = current->record(times);
       current.reset();
       if (!read) return Error{ErrorKind::Damaged, ExchangeWords::tr("to-do %1: %2").arg(number).arg(read.error().text)};
       if (read.value()) tasks.push_back(*read.take());

@@ -53,12 +53,13 @@ TEST(IcsExchange, saysWhatOtherProgramsUnderstand) {
     const char* lines;
   } rows[] = {
       {"2026-03-03T23:00:00", "none", "DUE;VALUE=DATE:20260304\r\nSTATUS"},
-      {"2026-03-04T08:00:00", "none", "DUE:20260304T080000Z\r\nSTATUS"},
-      {"2026-03-04T08:00:00", "daily", "DTSTART:20260304T080000Z\r\nDUE:20260304T080000Z\r\nRRULE:FREQ=DAILY\r\n"},
+      {"2026-03-04T08:00:00", "none", "DUE;TZID=Europe/Berlin:20260304T090000\r\nSTATUS"},
+      {"2026-03-04T08:00:00", "daily",
+       "DTSTART;TZID=Europe/Berlin:20260304T090000\r\nDUE;TZID=Europe/Berlin:20260304T090000\r\nRRULE:FREQ=DAILY\r\n"},
       {"2026-03-03T23:00:00", "weekdays",
        "DTSTART;VALUE=DATE:20260304\r\nDUE;VALUE=DATE:20260304\r\nRRULE:FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,FR\r\n"},
       {"2026-03-04T08:00:00", "every3Days", "RRULE:FREQ=DAILY;INTERVAL=3\r\n"},
-      {"2026-03-04T08:00:00", "fortnightly", "DUE:20260304T080000Z\r\nSTATUS:NEEDS-ACTION\r\n"},
+      {"2026-03-04T08:00:00", "fortnightly", "DUE;TZID=Europe/Berlin:20260304T090000\r\nSTATUS:NEEDS-ACTION\r\n"},
   };
   for (const auto& row : rows) {
     auto record = note(u"Buy milk; eggs, \\o/\nmore"_s);
@@ -116,10 +117,16 @@ TEST(IcsExchange, understandsRulesAndTimesOfOthersAsFarAsANoteCan) {
   } rows[] = {
       {"DUE:20260304T080000Z\r\nRRULE:FREQ=DAILY;INTERVAL=1", "daily", "2026-03-04T08:00:00"},
       {"DUE:20260304T080000Z\r\nRRULE:freq=weekly;byday=mo,tu,we,th,fr;wkst=su", "weekdays", "2026-03-04T08:00:00"},
+      {"DUE:20260304T080000Z\r\nRRULE:WKST=MO;BYDAY=FR,TH,WE,TU,MO;FREQ=WEEKLY", "weekdays", "2026-03-04T08:00:00"},
+      {"DUE:20260304T080000Z\r\nRRULE:FREQ=WEEKLY;BYDAY=WE", "weekly", "2026-03-04T08:00:00"},
+      {"DUE:20260304T080000Z\r\nRRULE:FREQ=WEEKLY;BYDAY=TH", "none", "2026-03-04T08:00:00"},
+      {"DUE:20260303T233000Z\r\nRRULE:FREQ=MONTHLY;BYMONTHDAY=4", "monthly", "2026-03-03T23:30:00"},
       {"DUE:20260304T080000Z\r\nRRULE:FREQ=YEARLY", "none", "2026-03-04T08:00:00"},
       {"DUE:20260304T080000Z\r\nRRULE:FREQ=WEEKLY;INTERVAL=2", "none", "2026-03-04T08:00:00"},
       {"DUE;TZID=\"America/New_York\":20260304T080000", "none", "2026-03-04T13:00:00"},
       {"DUE;TZID=Custom/Nowhere:20260304T080000", "none", "2026-03-04T07:00:00"},
+      {"DUE;TZID=/maker.example/20260101_1/America/New_York:20260304T080000", "none", "2026-03-04T13:00:00"},
+      {"DUE;TZID=Eastern Standard Time:20260304T080000", "none", "2026-03-04T13:00:00"},
       {"DUE:20260329T023000", "none", "2026-03-29T01:00:00"},
   };
   for (const auto& row : rows) {
@@ -132,6 +139,58 @@ TEST(IcsExchange, understandsRulesAndTimesOfOthersAsFarAsANoteCan) {
       onlyNote("SUMMARY:x\r\nDUE:20260304T080000Z\r\nRRULE:FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,SU", egypt).recurrenceRaw,
       u"weekdays"_s);
   EXPECT_EQ(onlyNote("SUMMARY:x\r\nDUE:2026-03-04").dueDate, std::nullopt);
+}
+
+TEST(IcsExchange, readsTimesByTheRulesThatAFileBringsAlong) {
+  // The clocks of the east of America, under a name that nobody knows.
+  const QByteArray rules =
+      "BEGIN:STANDARD\r\nDTSTART:20071104T020000\r\nRRULE:FREQ=YEARLY;BYMONTH=11;BYDAY=1SU\r\nTZOFFSETFROM:-0400\r\n"
+      "TZOFFSETTO:-0500\r\nEND:STANDARD\r\nBEGIN:DAYLIGHT\r\nDTSTART:20070311T020000\r\n"
+      "RRULE:FREQ=YEARLY;BYDAY=SU;BYMONTHDAY=8,9,10,11,12,13,14;BYMONTH=3\r\nTZOFFSETFROM:-0500\r\nTZOFFSETTO:-0400\r\n"
+      "END:DAYLIGHT\r\n";
+  const QByteArray dates =
+      "BEGIN:STANDARD\r\nDTSTART:20070101T000000\r\nTZOFFSETFROM:-0500\r\nTZOFFSETTO:-0500\r\nEND:STANDARD\r\n"
+      "BEGIN:DAYLIGHT\r\nDTSTART:20250309T020000\r\nRDATE:20260308T020000,20270314T020000\r\nTZOFFSETFROM:-0500\r\n"
+      "TZOFFSETTO:-0400\r\nEND:DAYLIGHT\r\nBEGIN:STANDARD\r\nDTSTART:20251102T020000\r\nRDATE:20261101T020000\r\n"
+      "TZOFFSETFROM:-0400\r\nTZOFFSETTO:-0500\r\nEND:STANDARD\r\n";
+  const std::pair<const char*, const char*> times[] = {
+      {"20260304T080000", "2026-03-04T13:00:00"}, {"20260308T015959", "2026-03-08T06:59:59"},
+      {"20260308T023000", "2026-03-08T07:00:00"}, {"20260308T030000", "2026-03-08T07:00:00"},
+      {"20260701T080000", "2026-07-01T12:00:00"}, {"20261101T013000", "2026-11-01T05:30:00"},
+      {"20261101T020000", "2026-11-01T07:00:00"}, {"20261231T080000", "2026-12-31T13:00:00"},
+  };
+  for (const auto& zone : {rules, dates, QByteArray("X-LIC-LOCATION:America/New_York\r\n")}) {
+    for (const auto& [wall, moment] : times) {
+      const auto result = read("BEGIN:VCALENDAR\r\nBEGIN:VTODO\r\nSUMMARY:x\r\nDUE;TZID=Head office:" + QByteArray(wall) +
+                               "\r\nEND:VTODO\r\nBEGIN:VTIMEZONE\r\nTZID:Head office\r\n" + zone +
+                               "END:VTIMEZONE\r\nEND:VCALENDAR\r\n");
+      ASSERT_TRUE(result);
+      EXPECT_EQ(result.value()[0].dueDate, utc(moment)) << wall << "\n" << zone.toStdString();
+    }
+  }
+}
+
+TEST(IcsExchange, aZoneItWritesReadsTheSameWithoutItsName) {
+  for (const char* name : {"Europe/Berlin", "America/New_York", "Australia/Lord_Howe", "Asia/Kolkata", "Africa/Casablanca"}) {
+    SCOPED_TRACE(name);
+    const Calendar calendar(QTimeZone(name), QLocale::c());
+    std::vector<TaskRecord> notes;
+    for (auto due = utc("2026-01-01T11:17:00"); due < utc("2028-01-01T00:00:00"); due = due.addSecs(29 * 1800 + 100)) {
+      notes.push_back(note());
+      notes.back().id = QUuid::createUuid();
+      notes.back().dueDate = due;
+    }
+    auto bytes = unfolded(IcsExchange::write(notes, calendar));
+    // Another program's file: only the wall times and the zone's description are left to go by.
+    bytes.replace(name, "Somewhere").replace("X-TARNWICK-NOTE", "X-OTHER");
+    const auto result = read(bytes, Calendar(QTimeZone("Asia/Tokyo"), QLocale::c()));
+    ASSERT_TRUE(result);
+    ASSERT_EQ(result.value().size(), notes.size());
+    for (std::size_t i = 0; i < notes.size(); ++i) {
+      if (calendar.local(*notes[i].dueDate).time() == QTime(0, 0)) continue;  // a day, wherever it is read
+      ASSERT_EQ(result.value()[i].dueDate, notes[i].dueDate) << notes[i].dueDate->toString().toStdString();
+    }
+  }
 }
 
 TEST(IcsExchange, saysWhatIsWrong) {

@@ -1191,6 +1191,22 @@
 <context>
     <name>tarnwick::ImportWindow</name>
     <message>
+        <source>Take back</source>
+        <translation>Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>Taken back</source>
+        <translation>Zurückgenommen</translation>
+    </message>
+    <message>
+        <source>Nothing was taken back</source>
+        <translation>Nichts wurde zurückgenommen</translation>
+    </message>
+    <message>
+        <source>Gone from the board: %1. Changed since, and kept: %2.</source>
+        <translation>Vom Brett verschwunden: %1. Seither geändert und behalten: %2.</translation>
+    </message>
+    <message>
         <source>Import notes</source>
         <translation>Notizen übernehmen</translation>
     </message>

@@ -16,6 +16,8 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace tarnwick {
 
 using namespace Qt::StringLiterals;
@@ -97,12 +99,38 @@ void ImportWindow::importAll() {
     }
     sum.imported += count.value().imported;
     sum.skipped += count.value().skipped;
+    sum.added.insert(sum.added.end(), count.value().added.begin(), count.value().added.end());
   }
   m_contents.clear();
+  m_added.clear();
+  for (const auto& task : sum.added) m_added.push_back(task->record());
   startPage(error.isEmpty() ? tr("Imported") : tr("Not everything was imported"));
   if (!error.isEmpty()) addText(error, tokens::kErrorText);
   addText(tr("New on the board: %1. Left as they were: %2.").arg(sum.imported).arg(sum.skipped), tokens::kText);
-  addChoice(tr("Close"), [this] { close(); });
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  if (!m_added.empty()) {
+    auto* back = new PlateButton(tr("Take back"), m_page);
+    connect(back, &QPushButton::clicked, this, &ImportWindow::takeAllBack);
+    buttons->addWidget(back);
+  }
+  addClose(*buttons);
+  endPage();
+}
+
+void ImportWindow::takeAllBack() {
+  const auto asTheyCame = std::exchange(m_added, {});
+  const auto gone = takeBack(asTheyCame, m_services);
+  startPage(gone ? tr("Taken back") : tr("Nothing was taken back"));
+  if (gone) {
+    const auto kept = static_cast<int>(asTheyCame.size()) - gone.value();
+    addText(tr("Gone from the board: %1. Changed since, and kept: %2.").arg(gone.value()).arg(kept), tokens::kText);
+  } else {
+    addText(gone.error().text, tokens::kErrorText);
+  }
+  auto* buttons = new QHBoxLayout;
+  buttons->addStretch();
+  addClose(*buttons);
   endPage();
 }
 
@@ -127,6 +155,16 @@ void ImportWindow::addChoice(const QString& text, const std::function<void()>& a
   auto* button = new PlateButton(text, m_page);
   connect(button, &QPushButton::clicked, this, action);
   m_column->addWidget(button);
+}
+
+/// The last of the buttons below a page.
+void ImportWindow::addClose(QHBoxLayout& buttons) {
+  auto* button = new PlateButton(tr("Close"), m_page);
+  connect(button, &QPushButton::clicked, this, &QWidget::close);
+  buttons.addWidget(button);
+  m_column->addSpacing(10);
+  m_column->addLayout(&buttons);
+  button->setFocus();
 }
 
 void ImportWindow::endPage() {

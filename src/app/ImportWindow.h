@@ -9,6 +9,7 @@
 #include <functional>
 #include <vector>
 
+class QHBoxLayout;
 class QVBoxLayout;
 
 namespace tarnwick {
@@ -39,10 +40,13 @@ class ImportWindow final : public QWidget {
   enum class Kind { File, Folder };
   void pick(Kind kind);
   void importAll();
+  void takeAllBack();
+  void addClose(QHBoxLayout& buttons);
 
   const BoardServices& m_services;
   QString m_home;
   std::vector<ImportContent> m_contents;
+  std::vector<TaskRecord> m_added;  // as they came with the import that can be taken back
   QWidget* m_page = nullptr;
   QVBoxLayout* m_column = nullptr;
 };

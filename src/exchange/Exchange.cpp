@@ -71,18 +71,17 @@ Result<ImportCount> importInto(ModelContainer& container, const NoteExport& cont
   }
   auto& context = container.mainContext();
   ImportCount count;
-  std::vector<TaskPtr> added;
   for (const auto& record : content.tasks) {
     if (context.findTask(record.id)) {
       ++count.skipped;
     } else {
-      added.push_back(context.insert(record));
+      count.added.push_back(context.insert(record));
       ++count.imported;
     }
   }
   if (auto saved = context.save(); !saved) {
     // Only these: others' changes wait in the same set.
-    for (const auto& task : added) context.remove(task);
+    for (const auto& task : count.added) context.remove(task);
     return saved.error();
   }
   return count;

@@ -26,6 +26,7 @@ enum class ExchangeFormat { Json, Markdown, Ics };
 struct ImportCount {
   int imported = 0;
   int skipped = 0;  // notes whose identifier was there, in the store or earlier in the file
+  TaskList added;
 };
 
 /// Every note of the store, oldest first, and its clipboard items.

@@ -71,6 +71,29 @@ TEST_F(Import, filesAreShownFirstAndTakenInWhenTheUserSaysSo) {
   EXPECT_FALSE(window());
 }
 
+TEST_F(Import, anImportIsTakenBackButForWhatWasTouchedSince) {
+  program.tarnwick({u"add"_s, u"here before"_s, u"--no-tear"_s});
+  program.delegate().openFiles({write(u"list.ics"_s,
+                                      "BEGIN:VCALENDAR\nBEGIN:VTODO\nUID:1\nSUMMARY:one\nDUE:20260303T060000Z\nEND:VTODO\n"
+                                      "BEGIN:VTODO\nUID:2\nSUMMARY:two\nDUE:20990101T060000Z\nEND:VTODO\n"
+                                      "BEGIN:VTODO\nUID:3\nSUMMARY:three\nEND:VTODO\nEND:VCALENDAR\n")});
+  QTest::mouseClick(button(u"Import 3"_s), Qt::LeftButton);
+  EXPECT_EQ(count(), 4U);
+  EXPECT_FALSE(program.notifications.pending().empty());
+  for (const auto& task : program.context().fetchTasks()) {
+    if (task->text() == u"three") program.tarnwick({u"crush"_s, task->id().toString(QUuid::WithoutBraces)});
+  }
+  ASSERT_TRUE(button(u"Take back"_s));
+  QTest::mouseClick(button(u"Take back"_s), Qt::LeftButton);
+  EXPECT_TRUE(shown().contains(u"Gone from the board: 2. Changed since, and kept: 1."_s)) << shown().toStdString();
+  EXPECT_FALSE(button(u"Take back"_s));
+  QStringList left;
+  for (const auto& task : program.context().fetchTasks()) left.append(task->text());
+  left.sort();
+  EXPECT_EQ(left, (QStringList{u"here before"_s, u"three"_s}));
+  EXPECT_TRUE(program.notifications.pending().empty()) << "no reminder of a note that is gone";
+}
+
 TEST_F(Import, nothingComesWhenTheUserCancels) {
   program.delegate().openFiles({write(u"list.md"_s, "- [ ] one\n")});
   ASSERT_TRUE(button(u"Cancel"_s));

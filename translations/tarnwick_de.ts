@@ -2021,6 +2021,10 @@
 <context>
     <name>tarnwick::UpdateControl</name>
     <message>
+        <source>This build looks for no updates.</source>
+        <translation>Diese Ausgabe sucht keine Aktualisierungen.</translation>
+    </message>
+    <message>
         <source>Check Now</source>
         <translation>Jetzt nachsehen</translation>
     </message>

@@ -63,8 +63,6 @@ QRect devicePixels(const DesktopRect& rect, const DesktopSpace& space) {
   return {(origin + corner * scale).toPoint(), (QSizeF(frame.size().toSize()) * scale).toSize()};
 }
 
-QUrl feedUrl() { return QUrl(QStringLiteral("https://tarnwick.app/version.json")); }
-
 }  // namespace
 
 // Declared in the order in which the parts are made; they go in the reverse order.
@@ -79,7 +77,7 @@ struct AppDelegate::Parts {
         flight({ports.screens, ports.scheduler, ports.clock, ports.windowServer, ports.haptics, sound, trash}),
         reminders(ports.notifications, ports.clock),
         undo([this] { return torn(); }),
-        updates(defaults, ports.clock, ports.workspace, feedUrl()) {}
+        updates(defaults, ports.clock, ports.workspace, UpdateChecker::feedURL()) {}
 
   [[nodiscard]] TornNotes* torn() const { return panel.get(); }
 

@@ -51,9 +51,11 @@ QLabel* centeredLabel(const QString& text, int pixelSize, QFont::Weight weight, 
 
 AboutPane::AboutPane(const SettingsServices& services, QWidget* parent) : SettingsPane(services, parent) {
   addHead();
-  addSwitchOn(*addGroup(), keys::kAutoCheckUpdates,
-              {tr("Check for updates automatically"),
-               tr("Reads one small version file. Nothing about you or your notes is sent.")});
+  if (services.updates.hasFeed()) {
+    addSwitchOn(*addGroup(), keys::kAutoCheckUpdates,
+                {tr("Check for updates automatically"),
+                 tr("Reads one small version file. Nothing about you or your notes is sent.")});
+  }
   addKeyboard();
   addLink();
   column().addStretch();

@@ -50,7 +50,10 @@ UpdateChecker::UpdateChecker(UserDefaults& defaults, const Clock& clock, Workspa
 
 UpdateChecker::~UpdateChecker() = default;
 
-QUrl UpdateChecker::feedURL() { return QUrl(u"https://tarnwick.app/version.json"_s); }
+QUrl UpdateChecker::feedURL() {
+  const auto host = QStringLiteral(TARNWICK_UPDATE_HOST);
+  return host.isEmpty() ? QUrl() : QUrl(u"https://%1/version.json"_s.arg(host));
+}
 
 QString UpdateChecker::currentVersion() {
   const auto version = QCoreApplication::applicationVersion();
@@ -66,6 +69,7 @@ void UpdateChecker::checkIfDue() {
 }
 
 void UpdateChecker::check() {
+  if (!hasFeed()) return;
   setStatus(Status::checking);
   auto* reply = send();
   connect(reply, &QNetworkReply::readyRead, this, [reply] {

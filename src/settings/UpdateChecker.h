@@ -43,8 +43,10 @@ class UpdateChecker final : public QObject {
   [[nodiscard]] Status status() const { return m_status; }
   /// Present exactly while the status is available.
   [[nodiscard]] const std::optional<Release>& release() const { return m_release; }
-  /// Where releases are published.
+  /// Where releases are published; empty in a build that names no host.
   [[nodiscard]] static QUrl feedURL();
+  /// Whether there is a feed to ask. Without one the status stays idle.
+  [[nodiscard]] bool hasFeed() const { return m_feedUrl.isValid(); }
   /// The application's version; "0" when it has none.
   [[nodiscard]] static QString currentVersion();
   [[nodiscard]] bool autoCheckEnabled() const;

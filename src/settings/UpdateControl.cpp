@@ -26,17 +26,19 @@ UpdateControl::UpdateControl(UpdateChecker& updates, Scheduler& scheduler, const
       m_spinner(new Spinner(scheduler, workspace, this)),
       m_answer(new SettingsText(tr("Up to date"), tokens::Type::RowTitle, tokens::kOk, this)),
       m_failure(new SettingsText(tr("Couldn't reach server"), tokens::Type::RowTitle, tokens::kErrorText, this)),
-      m_get(new PrimaryButton({}, {}, this)) {
+      m_get(new PrimaryButton({}, {}, this)),
+      m_absence(new SettingsText(tr("This build looks for no updates."), tokens::Type::Help, tokens::kText3, this)) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(10);
   row->addStretch();
-  for (auto* text : {m_answer, m_failure}) {
+  for (auto* text : {m_answer, m_failure, m_absence}) {
     text->setWordWrap(false);
     text->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   }
   for (QWidget* part : {static_cast<QWidget*>(m_spinner), static_cast<QWidget*>(m_answer),
-                        static_cast<QWidget*>(m_failure), static_cast<QWidget*>(m_check), static_cast<QWidget*>(m_get)}) {
+                        static_cast<QWidget*>(m_failure), static_cast<QWidget*>(m_check), static_cast<QWidget*>(m_get),
+                        static_cast<QWidget*>(m_absence)}) {
     row->addWidget(part, 0, Qt::AlignVCenter);
   }
   row->addStretch();
@@ -57,7 +59,9 @@ void UpdateControl::refresh() {
   m_spinner->setVisible(status == Status::checking);
   m_answer->setVisible(status == Status::upToDate);
   m_failure->setVisible(status == Status::failed);
-  m_check->setVisible(status == Status::idle || status == Status::upToDate || status == Status::failed);
+  const bool mayCheck = status == Status::idle || status == Status::upToDate || status == Status::failed;
+  m_check->setVisible(m_updates.hasFeed() && mayCheck);
+  m_absence->setVisible(!m_updates.hasFeed());
   m_get->setVisible(status == Status::available);
   if (const auto& release = m_updates.release()) {
     m_get->setText(tr("Get %1").arg(release->version));

@@ -33,6 +33,7 @@ class UpdateControl final : public QWidget {
   SettingsText* m_answer;
   SettingsText* m_failure;
   PrimaryButton* m_get;
+  SettingsText* m_absence;  // of a feed
   bool m_returnsFocus = false;
 };
 

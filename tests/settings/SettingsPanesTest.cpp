@@ -241,6 +241,17 @@ TEST_F(AboutPaneUpdates, goFromTheButtonToTheReleaseAndItsPage) {
   EXPECT_TRUE(named(*view, u"Get 1.5"_s)) << "hiding the banner hides the banner only";
 }
 
+TEST_F(AboutPaneUpdates, areNotOfferedByABuildWithoutAFeed) {
+  UpdateChecker none(defaults, time, workspace, QUrl());
+  view = std::make_unique<SettingsView>(
+      SettingsServices{defaults, center, sound, none, loginItem, capture, workspace, time, screens, dock});
+  view->selectPane(Pane::About);
+  view->show();
+  EXPECT_TRUE(showsText(*view, u"This build looks for no updates."_s));
+  EXPECT_FALSE(named(*view, u"Check Now"_s));
+  EXPECT_FALSE(named(*view, u"Check for updates automatically"_s));
+}
+
 TEST_F(AboutPaneUpdates, sayThatNothingIsNewOrNobodyAnswered) {
   answer(u"1.4"_s);
   open(Pane::About);

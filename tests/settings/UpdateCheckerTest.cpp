@@ -200,6 +200,14 @@ TEST_F(CheckingForUpdates, switchedOffOnlyTheButtonAsks) {
   EXPECT_EQ(checkedAgainst(u"1.5"_s), Status::available);
 }
 
+TEST_F(CheckingForUpdates, withoutAFeedTheStatusStaysIdle) {
+  UpdateChecker none(defaults, time, workspace, QUrl());
+  QObject::connect(&none, &UpdateChecker::changed, [] { FAIL() << "nothing happens"; });
+  none.checkIfDue();
+  none.check();
+  EXPECT_EQ(none.status(), Status::idle);
+}
+
 TEST_F(CheckingForUpdates, aSettingThatIsNoBooleanCountsAsOn) {
   ASSERT_TRUE(defaults.setText(keys::kAutoCheckUpdates, u"no"_s));
   EXPECT_TRUE(updates.autoCheckEnabled());

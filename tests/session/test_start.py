@@ -99,7 +99,7 @@ def settings_by_the_keyboard(tarnwick, say):
         tarnwick.key("space")
         wait(lambda: tarnwick.run("settings", "dailyBurn").stdout.strip() == expected, f"Space sets it to {expected}")  # noqa: B023
     tarnwick.key("Escape")
-    wait(lambda: not tarnwick.elements("^Settings panes$"), "Escape closes the window")
+    wait(lambda: not tarnwick.elements("^Daily Burn$"), "Escape closes the window")
     expect(tarnwick.quit() == 0, "it ends well")
     say("the settings by the keyboard, and as a screen reader has them")
 

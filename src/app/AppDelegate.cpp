@@ -109,7 +109,8 @@ struct AppDelegate::Parts {
   std::unique_ptr<SettingsView> settings;
   std::unique_ptr<ImportWindow> importWindow;
 
-  Registration powerObserver;
+  Registration calendarObserver;
+  Registration wakeObserver;
   Registration actedOnObserver;
   std::vector<Registration> pendingNudges;
   Registration soundsReady;
@@ -254,31 +255,13 @@ void AppDelegate::startParts() {
   parts.hotkey->start();
   parts.wakeResurface->start();
   parts.context.start();
+  parts.actedOnObserver = m_ports.notifications.onActedOn(
+      [this](const QString& identifier, const QString& action) { actOnReminder(identifier, action); });
   parts.reminders.requestPermission();
   parts.reminders.rescheduleAll(parts.backgroundContext->fetchTasks());
   followEdits(parts.center, parts.container->mainContext(), parts.reminders, this);
-  parts.actedOnObserver = m_ports.notifications.onActedOn(
-      [this](const QString& identifier, const QString& action) { actOnReminder(identifier, action); });
   restickDueNotes();
-
-  parts.powerObserver = m_ports.power.observe([this](PowerEvent event) {
-    switch (event) {
-      case PowerEvent::DayChanged:
-        backUp();
-        m_parts->scheduler->performDailyBurn(TaskScheduler::Burn::BeforeToday);
-        restickDueNotes();
-        m_parts->updates.checkIfDue();
-        break;
-      case PowerEvent::ClockChanged:
-        m_parts->reminders.rescheduleAll(m_parts->backgroundContext->fetchTasks());
-        break;
-      case PowerEvent::DidWake:
-      case PowerEvent::ScreensDidWake:
-      case PowerEvent::SessionBecameActive:
-        schedulePlanNudge(kNudgeAfterWake);
-        break;
-    }
-  });
+  parts.calendarObserver = m_ports.power.observe([this](PowerEvent event) { followCalendar(event); });
   parts.updates.checkIfDue();
   // Once the icon is in the tray: nothing sounds before.
   parts.soundsReady = m_ports.scheduler.after(kSoundsAfterLaunch, [&parts] { parts.sound.prepare(); });
@@ -286,6 +269,22 @@ void AppDelegate::startParts() {
     schedulePlanNudge(kNudgeAfterLaunch);
   } else {
     parts.welcome->show([this] { m_parts->panel->present(); });
+  }
+  parts.wakeObserver = m_ports.power.observe([this](PowerEvent event) {
+    const bool isWake = event == PowerEvent::DidWake || event == PowerEvent::ScreensDidWake ||
+                        event == PowerEvent::SessionBecameActive;
+    if (isWake) schedulePlanNudge(kNudgeAfterWake);
+  });
+}
+
+void AppDelegate::followCalendar(PowerEvent event) {
+  if (event == PowerEvent::DayChanged) {
+    backUp();
+    m_parts->scheduler->performDailyBurn(TaskScheduler::Burn::BeforeToday);
+    restickDueNotes();
+    m_parts->updates.checkIfDue();
+  } else if (event == PowerEvent::ClockChanged) {
+    m_parts->reminders.rescheduleAll(m_parts->backgroundContext->fetchTasks());
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include "app/AppPorts.h"
 #include "platform/Instance.h"
+#include "platform/Power.h"
 #include "platform/Result.h"
 
 #include <QObject>
@@ -65,6 +66,7 @@ class AppDelegate final : public QObject {
   [[nodiscard]] StatusReport status() const;
   void makeParts();
   void startParts();
+  void followCalendar(PowerEvent event);
   void backUp();
   void actOnReminder(const QString& identifier, const QString& action);
   void schedulePlanNudge(std::chrono::milliseconds delay);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "linux/atspi/AtSpiReply.h"
 
+#include "linux/dbus/BusCall.h"
+
 #include <QDBusArgument>
-#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 
 #include <optional>
@@ -11,7 +12,7 @@ namespace tarnwick::atspi {
 
 namespace {
 
-constexpr int kAnswerTime = 100;  // ms
+constexpr std::chrono::milliseconds kAnswerTime(100);
 
 std::optional<ElementRef> takeRef(const QDBusArgument& argument) {
   if (argument.currentType() != QDBusArgument::StructureType) return std::nullopt;
@@ -27,12 +28,7 @@ std::optional<ElementRef> takeRef(const QDBusArgument& argument) {
 
 void call(const QDBusConnection& bus, const QDBusMessage& message, QObject* owner,
           std::function<void(const QDBusMessage&)> answer) {
-  auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message, kAnswerTime), owner);
-  QObject::connect(watcher, &QDBusPendingCallWatcher::finished, owner,
-                   [answer = std::move(answer)](QDBusPendingCallWatcher* done) {
-                     done->deleteLater();
-                     answer(done->reply());
-                   });
+  ask(bus, message, owner, std::move(answer), kAnswerTime);
 }
 
 std::vector<ElementRef> refsFrom(const QDBusMessage& reply) {

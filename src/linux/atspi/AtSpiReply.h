@@ -17,7 +17,7 @@ namespace tarnwick::atspi {
 
 inline constexpr int kMostChildren = 128;
 
-/// Sends a question; the answer comes from the event loop, and only while the owner lives. Silence becomes an error.
+/// Asks as anybody asks on a bus, with little patience: a program that is silent counts as one that cannot be read.
 void call(const QDBusConnection& bus, const QDBusMessage& message, QObject* owner,
           std::function<void(const QDBusMessage&)> answer);
 

@@ -3,12 +3,11 @@
 
 #include "linux/atspi/AtSpiReply.h"
 #include "linux/atspi/AtSpiWords.h"
+#include "linux/dbus/BusCall.h"
 #include "linux/x11/NativeSpace.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QFile>
 
 #include <unistd.h>
 
@@ -101,11 +100,7 @@ void AtSpiTree::readStatus() {
 void AtSpiTree::switchOn() {
   auto message = QDBusMessage::createMethodCall(kBusService, kBusPath, kProperties, QStringLiteral("Set"));
   message << kStatus << QStringLiteral("IsEnabled") << QVariant::fromValue(QDBusVariant(true));
-  auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* done) {
-    done->deleteLater();
-    readStatus();
-  });
+  ask(QDBusConnection::sessionBus(), message, this, [this](const QDBusMessage&) { readStatus(); });
 }
 
 void AtSpiTree::connectToBus() {

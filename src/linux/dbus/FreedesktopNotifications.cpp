@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "linux/dbus/FreedesktopNotifications.h"
 
+#include "linux/dbus/BusCall.h"
 #include "platform/Clock.h"
 #include "platform/Power.h"
 #include "platform/Scheduler.h"
 #include "platform/Workspace.h"
 
 #include <QCoreApplication>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusReply>
 
 #include <algorithm>
 
@@ -125,21 +123,18 @@ void FreedesktopNotifications::show(const NotificationRequest& request) {
        << (m_hasMarkup ? request.body.toHtmlEscaped() : request.body) << actions << hints << -1;
   m_asked.insert(request.identifier);
   m_unwanted.remove(request.identifier);
-  auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this,
-          [this, identifier = request.identifier](QDBusPendingCallWatcher* done) {
-            done->deleteLater();
-            const QDBusPendingReply<uint> reply = *done;
-            m_asked.remove(identifier);
-            const bool isUnwanted = m_unwanted.remove(identifier);
-            if (reply.isError()) return;
-            // A slow server shows what was removed before it answered.
-            if (isUnwanted) {
-              withdraw(reply.value());
-            } else {
-              m_shown.insert(reply.value(), identifier);
-            }
-          });
+  ask(QDBusConnection::sessionBus(), call, this, [this, identifier = request.identifier](const QDBusMessage& answer) {
+    const QDBusReply<uint> id = answer;
+    m_asked.remove(identifier);
+    const bool isUnwanted = m_unwanted.remove(identifier);
+    if (!id.isValid()) return;
+    // A slow server shows what was removed before it answered.
+    if (isUnwanted) {
+      withdraw(id.value());
+    } else {
+      m_shown.insert(id.value(), identifier);
+    }
+  });
 }
 
 void FreedesktopNotifications::withdraw(uint id) {
@@ -151,14 +146,11 @@ void FreedesktopNotifications::withdraw(uint id) {
 
 void FreedesktopNotifications::askCapabilities() {
   if (!m_hasBus) return;
-  auto* watcher = new QDBusPendingCallWatcher(
-      QDBusConnection::sessionBus().asyncCall(callTo(QStringLiteral("GetCapabilities"))), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* done) {
-    done->deleteLater();
-    const QDBusPendingReply<QStringList> reply = *done;
-    if (reply.isError()) return;
-    m_hasMarkup = reply.value().contains(u"body-markup");
-    m_hasActions = reply.value().contains(u"actions");
+  ask(QDBusConnection::sessionBus(), callTo(QStringLiteral("GetCapabilities")), this, [this](const QDBusMessage& answer) {
+    const QDBusReply<QStringList> words = answer;
+    if (!words.isValid()) return;
+    m_hasMarkup = words.value().contains(u"body-markup");
+    m_hasActions = words.value().contains(u"actions");
   });
 }
 

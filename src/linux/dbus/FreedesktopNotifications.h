@@ -12,8 +12,6 @@
 
 #include <chrono>
 
-class QDBusPendingCallWatcher;
-
 namespace tarnwick {
 
 class Clock;

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "linux/dbus/LogindPower.h"
 
+#include "linux/dbus/BusCall.h"
 #include "platform/Clock.h"
 #include "platform/Scheduler.h"
 
 #include <QCoreApplication>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include <QDBusObjectPath>
+#include <QDBusReply>
 #include <QSocketNotifier>
 
 #include <sys/timerfd.h>
@@ -71,11 +70,9 @@ void LogindPower::listenToBuses() {
   auto which = QDBusMessage::createMethodCall(kLogin, kLoginPath, kManager, QStringLiteral("GetSession"));
   const auto sessionID = qEnvironmentVariable("XDG_SESSION_ID");
   which << (sessionID.isEmpty() ? QStringLiteral("auto") : sessionID);
-  auto* watcher = new QDBusPendingCallWatcher(system.asyncCall(which), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* done) {
-    done->deleteLater();
-    const QDBusPendingReply<QDBusObjectPath> reply = *done;
-    if (!reply.isError()) followSession(reply.value().path());
+  ask(system, which, this, [this](const QDBusMessage& answer) {
+    const QDBusReply<QDBusObjectPath> path = answer;
+    if (path.isValid()) followSession(path.value().path());
   });
 }
 

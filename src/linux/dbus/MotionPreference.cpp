@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "linux/dbus/MotionPreference.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include "linux/dbus/BusCall.h"
+
+#include <QDBusReply>
 #include <QDir>
 #include <QSettings>
 
@@ -44,12 +43,9 @@ MotionPreference::MotionPreference() {
 void MotionPreference::ask(const QString& space, const QString& key) {
   auto call = QDBusMessage::createMethodCall(kService, kPath, kInterface, QStringLiteral("Read"));
   call << space << key;
-  auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, space, key](QDBusPendingCallWatcher* done) {
-    done->deleteLater();
-    const QDBusPendingReply<QDBusVariant> reply = *done;
-    if (reply.isError()) return;
-    changed(space, key, reply.value());
+  tarnwick::ask(QDBusConnection::sessionBus(), call, this, [this, space, key](const QDBusMessage& answer) {
+    const QDBusReply<QDBusVariant> value = answer;
+    if (value.isValid()) changed(space, key, value.value());
   });
 }
 

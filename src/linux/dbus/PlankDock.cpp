@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "linux/dbus/PlankDock.h"
 
-#include <QDBusConnection>
-#include <QDBusPendingCallWatcher>
+#include "linux/dbus/BusCall.h"
+
 #include <QFileInfo>
 #include <QUrl>
 
@@ -65,10 +65,7 @@ void PlankDock::ask(const QString& method, const QVariantList& arguments, std::f
                                                 QStringLiteral("net.launchpad.plank.Items"), method);
   message.setAutoStartService(false);
   message.setArguments(arguments);
-  auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [answer = std::move(answer)](QDBusPendingCallWatcher* done) {
-    done->deleteLater();
-    const auto reply = done->reply();
+  tarnwick::ask(QDBusConnection::sessionBus(), message, this, [answer = std::move(answer)](const QDBusMessage& reply) {
     if (reply.type() == QDBusMessage::ReplyMessage) answer(reply.arguments());
   });
 }

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "linux/dbus/PortalHotKeys.h"
 
+#include "linux/dbus/BusCall.h"
+
 #include <QCoreApplication>
 #include <QDBusArgument>
-#include <QDBusConnection>
-#include <QDBusMessage>
 #include <QDBusMetaType>
-#include <QDBusPendingCall>
-#include <QDBusPendingCallWatcher>
 #include <QKeySequence>
 
 namespace tarnwick {
@@ -105,10 +103,9 @@ void PortalHotKeys::request(const QString& method, QVariantList arguments, QVari
   auto message = QDBusMessage::createMethodCall(kService, kPath, kShortcuts, method);
   arguments.append(options);
   message.setArguments(arguments);
-  auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(message), this);
-  connect(watcher, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* done) {
-    done->deleteLater();
-    if (done->isError()) fail(QCoreApplication::translate("HotKeys", "the desktop portal has no global shortcuts"));
+  ask(bus, message, this, [this](const QDBusMessage& reply) {
+    if (reply.type() == QDBusMessage::ReplyMessage) return;
+    fail(QCoreApplication::translate("HotKeys", "the desktop portal has no global shortcuts"));
   });
 }
 

@@ -72,7 +72,7 @@ struct AppDelegate::Parts {
         prefs(defaults, center),
         sound(ports.audio, defaults),
         git(ports.scheduler),
-        context({ports.workspace, ports.accessibility, ports.scheduler, git}, defaults, center),
+        context({ports.workspace, ports.accessibility, ports.scheduler, git, ports.processFacts}, defaults, center),
         trash({ports.accessibility, ports.dockPreferences, ports.screens, ports.workspace}, defaults),
         flight({ports.screens, ports.scheduler, ports.clock, ports.windowServer, ports.haptics, sound, trash}),
         reminders(ports.notifications, ports.clock),

@@ -13,6 +13,7 @@
 #include "platform/LoginItem.h"
 #include "platform/OtherWindows.h"
 #include "platform/Power.h"
+#include "platform/ProcessFacts.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
 #include "platform/UserNotifications.h"
@@ -38,6 +39,7 @@ struct AppPorts {
   LoginItem& loginItem;
   DockPreferences& dockPreferences;
   QString session;  // "x11" or "wayland", for the status
+  ProcessReader processFacts = noProcessFacts;
 };
 
 }  // namespace tarnwick

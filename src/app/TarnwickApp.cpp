@@ -8,6 +8,7 @@
 #include "context/GitQueue.h"
 #include "effects/Symbols.h"
 #include "linux/LinuxPorts.h"
+#include "linux/xdg/ProcessFiles.h"
 #include "linux/time/QtScheduler.h"
 #include "linux/time/SystemClock.h"
 #include "linux/x11/TextScale.h"
@@ -124,7 +125,7 @@ AppPorts portsOf(LinuxPorts& ports) {
   return {ports.clock(),         ports.scheduler(),     ports.screens(), ports.workspace(), ports.windowServer(),
           ports.otherWindows(),  ports.accessibility(), ports.hotKeys(), ports.notifications(), ports.audio(),
           ports.haptics(),       ports.power(),         ports.captureWatch(), ports.loginItem(),
-          ports.dockPreferences(), ports.session()};
+          ports.dockPreferences(), ports.session(), processFacts};
 }
 
 int runProgram(int& argc, char** argv, const QStringList& words) {

@@ -5,15 +5,14 @@
 #include "context/EditorRecents.h"
 #include "context/EditorTitle.h"
 #include "context/GitRunner.h"
-#include "context/ProcessFacts.h"
 #include "platform/Accessibility.h"
+#include "platform/ProcessFacts.h"
 #include "platform/Scheduler.h"
 #include "platform/Workspace.h"
 
 #include <QObject>
 #include <QPointer>
 
-#include <functional>
 #include <optional>
 
 namespace tarnwick {
@@ -38,7 +37,7 @@ class ContextEngine final : public QObject {
     Accessibility& accessibility;
     Scheduler& scheduler;
     GitRunner& git;
-    std::function<ProcessFacts(qint64 pid)> processFacts = tarnwick::processFacts;
+    ProcessReader processFacts = noProcessFacts;
     UserFolders folders = UserFolders::current();
     PathProbe probe = probePath;
   };

@@ -84,7 +84,7 @@ class Context : public testing::Test {
   FakeGit git;
   /// What is below /u is there; all else is as it is.
   static PathKind probe(const QString& path) { return path.startsWith(u"/u/") ? PathKind::Folder : probePath(path); }
-  ContextEngine engine{{workspace, accessibility, time, git, [](qint64) { return ProcessFacts{}; }, {}, probe}, defaults, center};
+  ContextEngine engine{{workspace, accessibility, time, git, noProcessFacts, {}, probe}, defaults, center};
   QStringList posted;
 };
 
@@ -346,7 +346,7 @@ class ContextWithGit : public testing::Test {
   FakeWorkspace workspace;
   FakeAccessibility accessibility;
   GitQueue queue{time};
-  ContextEngine engine{{workspace, accessibility, time, queue, [](qint64) { return ProcessFacts{}; }}, defaults, center};
+  ContextEngine engine{{workspace, accessibility, time, queue}, defaults, center};
 };
 
 TEST_F(ContextWithGit, aFolderDeepInARepositoryWithSpaces) {

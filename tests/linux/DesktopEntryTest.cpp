@@ -2,9 +2,11 @@
 #include "linux/xdg/AppCatalog.h"
 #include "linux/xdg/CodeEditors.h"
 #include "linux/xdg/DesktopEntries.h"
+#include "linux/xdg/ProcessFiles.h"
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -188,6 +190,28 @@ TEST_F(ProcessesOfApplications, InSandboxesHaveTheSandboxesIds) {
   EXPECT_EQ(idOf(32, "Geany"), u"geany");
   EXPECT_EQ(idOf(33, "Geany"), u"geany") << "an id that no entry has says nothing";
   EXPECT_EQ(idOf(0, "Geany"), u"geany") << "a window of another machine";
+}
+
+TEST(AProcess, TellsItsFolderAndArguments) {
+  QTemporaryDir folder;
+  QProcess process;
+  process.setWorkingDirectory(folder.path());
+  process.start(QStringLiteral("/bin/cat"), {QStringLiteral("-u"), QStringLiteral("-")});
+  process.write("up");
+  // Its arguments are told only once it runs, which is later than its start.
+  ASSERT_TRUE(process.waitForReadyRead());
+  const auto facts = processFacts(process.processId());
+  EXPECT_EQ(facts.workingFolder, QDir(folder.path()).canonicalPath());
+  EXPECT_EQ(facts.arguments, (QStringList{QStringLiteral("-u"), QStringLiteral("-")}));
+  process.kill();
+  process.waitForFinished();
+}
+
+TEST(AProcess, ThatIsNoneTellsNothing) {
+  for (const qint64 pid : {qint64{0}, qint64{-1}, qint64{999999999}}) {
+    EXPECT_TRUE(processFacts(pid).workingFolder.isEmpty());
+    EXPECT_TRUE(processFacts(pid).arguments.isEmpty());
+  }
 }
 
 }  // namespace

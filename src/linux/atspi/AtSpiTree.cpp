@@ -5,6 +5,7 @@
 #include "linux/atspi/AtSpiWords.h"
 #include "linux/dbus/BusCall.h"
 #include "linux/x11/NativeSpace.h"
+#include "linux/xdg/ProcessFiles.h"
 
 #include <QDBusArgument>
 #include <QDBusMessage>
@@ -48,11 +49,6 @@ std::optional<DesktopRect> frameFrom(const QDBusMessage& reply) {
   argument.endStructure();
   if (width <= 0 || height <= 0) return std::nullopt;
   return desktopFromNative(QRect(x, y, width, height));
-}
-
-QByteArray commandLineOf(qint64 pid) {
-  QFile file(QStringLiteral("/proc/%1/cmdline").arg(pid));
-  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 }  // namespace
@@ -156,7 +152,7 @@ void AtSpiTree::readApplication(const ElementRef& application) {
     if (pid > 0 && pid != getpid() && m_job->docks.contains(pid)) {
       m_job->reading.docks.push_back(application);
       readNode(application, -1);
-    } else if (const auto line = commandLineOf(pid); isTrashPlugin(line)) {
+    } else if (const auto line = processFile(pid, "cmdline"); isTrashPlugin(line)) {
       m_job->trashPlugins.insert(application.service, socketOfPlugin(line));
     }
     --m_job->open;

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "linux/xdg/ProcessEntry.h"
 
-#include <QFile>
+#include "linux/xdg/ProcessFiles.h"
+
 #include <QFileInfo>
 
 namespace tarnwick {
 
-namespace {
-
-constexpr qint64 kMostBytes = 1 << 20;
-
-}  // namespace
+ProcessEntry::ProcessEntry() : m_folder(kProcessFolder) {}
 
 QString ProcessEntry::certain(qint64 pid) const {
   if (pid <= 0) return {};
@@ -26,8 +23,7 @@ QString ProcessEntry::ofWrapper(qint64 pid) const {
 }
 
 QByteArray ProcessEntry::read(qint64 pid, const char* name) const {
-  QFile file(QStringLiteral("%1/%2/%3").arg(m_folder).arg(pid).arg(QLatin1StringView(name)));
-  return file.open(QIODevice::ReadOnly) ? file.read(kMostBytes) : QByteArray();
+  return processFile(pid, name, m_folder);
 }
 
 /// Every child inherits these variables, hence the process number in them.

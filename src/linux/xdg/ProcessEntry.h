@@ -8,7 +8,8 @@ namespace tarnwick {
 
 class ProcessEntry final {
  public:
-  explicit ProcessEntry(QString processFolder = QStringLiteral("/proc")) : m_folder(std::move(processFolder)) {}
+  ProcessEntry();
+  explicit ProcessEntry(QString processFolder) : m_folder(std::move(processFolder)) {}
 
   /// Certain: the launcher's word about this very process, or the sandbox it runs in. Empty when neither says anything.
   [[nodiscard]] QString certain(qint64 pid) const;

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
-// What a running process was started with, as far as the process file system lets us read it.
+// What a running process was started with.
 #pragma once
 
 #include <QString>
 #include <QStringList>
+
+#include <functional>
 
 namespace tarnwick {
 
@@ -12,6 +14,9 @@ struct ProcessFacts {
   QStringList arguments;  // without the program itself
 };
 
-[[nodiscard]] ProcessFacts processFacts(qint64 pid);
+using ProcessReader = std::function<ProcessFacts(qint64 pid)>;
+
+/// For desktops that do not let one read processes.
+[[nodiscard]] inline ProcessFacts noProcessFacts(qint64) { return {}; }
 
 }  // namespace tarnwick

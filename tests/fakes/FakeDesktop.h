@@ -40,7 +40,7 @@ class FakeWorkspace final : public Workspace {
   void activate(const RunningApplication& application) {
     const auto old = front;
     front = application;
-    if (old && old->pid != application.pid) deactivated.notify(*old);
+    if (old && (old->pid != application.pid || old->bundleID != application.bundleID)) deactivated.notify(*old);
     activated.notify(application);
   }
   void terminate(const RunningApplication& application) {

@@ -23,6 +23,7 @@ class RealStage final {
   }
   void bringToFront(qint64 pid) { m_peers.at(pid)->tell("front"); }
   void move(qint64 pid, int x) { m_peers.at(pid)->tell(QByteArray("move ").append(QByteArray::number(x)).append(" 100")); }
+  void openAnother(qint64 pid) { m_peers.at(pid)->tell("another 500 100 300 200 Another"); }
   static void end(qint64 pid) { kill(static_cast<pid_t>(pid), SIGKILL); }
   [[nodiscard]] static bool soon(const std::function<bool()>& condition) { return holdsSoon(condition); }
 

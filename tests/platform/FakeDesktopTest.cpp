@@ -23,10 +23,18 @@ class FakeStage final {
     m_workspace.activate(application(pid));
   }
   void move(qint64 pid, double x) { m_others.move(pid, DesktopRect{x, 100, 300, 200}); }
+  void openAnother(qint64 pid) {
+    const RunningApplication another{QStringLiteral("Another"), pid, QStringLiteral("Another")};
+    m_workspace.applications.push_back(another);
+    m_workspace.activate(another);
+  }
   void end(qint64 pid) {
     std::erase_if(m_others.windows, [&](const auto& window) { return window.pid == pid; });
     m_others.move(pid, std::nullopt);
-    m_workspace.terminate(application(pid));
+    const auto all = m_workspace.applications;
+    for (const auto& each : all) {
+      if (each.pid == pid) m_workspace.terminate(each);
+    }
   }
   [[nodiscard]] static bool soon(const std::function<bool()>& condition) { return condition(); }
 

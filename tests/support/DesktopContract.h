@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // What the ports about other programs promise, told once and tried on the fakes and on a real desktop. A stage plays the
-// other programs, each with one window: workspace(), others(), launch(), bringToFront(pid), move(pid, x), end(pid), and
-// soon(condition), which waits where things take their time.
+// other programs, each with one window: workspace(), others(), launch(), bringToFront(pid), move(pid, x), end(pid),
+// openAnother(pid), a window of another application from the same process, and soon(condition), which waits where things
+// take their time.
 #pragma once
 
 #include "platform/OtherWindows.h"
@@ -68,6 +69,28 @@ TYPED_TEST_P(DesktopContract, anEndIsToldOnceAndNobodyRunsOn) {
     };
     return has(first) && !has(second);
   }));
+}
+
+TYPED_TEST_P(DesktopContract, oneProcessMayBeSeveralApplications) {
+  auto& workspace = this->stage.workspace();
+  const auto pid = this->inFront();
+  const auto first = workspace.frontmost()->bundleID;
+  QStringList log;
+  const auto into = [&](const char* what) {
+    return [&log, what](const RunningApplication& application) { log << QLatin1String(what) + application.bundleID; };
+  };
+  const auto on = workspace.onActivated(into("on "));
+  const auto off = workspace.onDeactivated(into("off "));
+  this->stage.openAnother(pid);
+  ASSERT_TRUE(this->stage.soon([&] { return log.size() >= 2; }));
+  EXPECT_EQ(log, (QStringList{QStringLiteral("off ") + first, QStringLiteral("on Another")}));
+  EXPECT_TRUE(this->isFront(pid));
+  log.clear();
+  const auto end = workspace.onTerminated(into("end "));
+  this->stage.end(pid);
+  ASSERT_TRUE(this->stage.soon([&] { return log.size() >= 2; }));
+  log.sort();
+  EXPECT_EQ(log, (QStringList{QStringLiteral("end Another"), QStringLiteral("end ") + first})) << "both are told";
 }
 
 TYPED_TEST_P(DesktopContract, whoNoLongerListensHearsNothing) {
@@ -148,7 +171,8 @@ TYPED_TEST_P(DesktopContract, anUnknownIdentifierIsItsOwnName) {
 }
 
 REGISTER_TYPED_TEST_SUITE_P(DesktopContract, theOneInFrontLeavesBeforeTheNextComes, anEndIsToldOnceAndNobodyRunsOn,
-                            whoNoLongerListensHearsNothing, aFollowedWindowIsReportedAtOnceAsItMovesAndWhenItGoes,
+                            oneProcessMayBeSeveralApplications, whoNoLongerListensHearsNothing,
+                            aFollowedWindowIsReportedAtOnceAsItMovesAndWhenItGoes,
                             aWindowThatNobodyFollowsAnyMoreIsNotReported, windowsAreListedFrontToBack,
                             anUnknownIdentifierIsItsOwnName);
 

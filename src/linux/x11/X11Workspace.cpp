@@ -19,15 +19,20 @@ namespace {
 // Window managers publish "none" for a moment between two windows.
 constexpr std::chrono::milliseconds kNothingInFrontDelay(150);
 
-/// Programs of other machines have no process here: they are told apart by what their windows say.
+/// One process may serve the windows of several applications: an office suite's, a browser's installed pages, all that
+/// comes through one tunnel from another machine.
 bool isSame(const RunningApplication& one, const RunningApplication& other) {
-  return one.pid == other.pid && (one.pid > 0 || one.bundleID == other.bundleID);
+  return one.pid == other.pid && one.bundleID == other.bundleID;
+}
+
+bool contains(const std::vector<RunningApplication>& applications, const RunningApplication& application) {
+  return std::any_of(applications.begin(), applications.end(), [&](const auto& each) { return isSame(each, application); });
 }
 
 }  // namespace
 
 struct X11Workspace::Process {
-  RunningApplication application;
+  std::vector<RunningApplication> applications;
   int descriptor = -1;
   std::unique_ptr<QSocketNotifier> exit;
 
@@ -50,9 +55,7 @@ X11Workspace::~X11Workspace() = default;
 std::vector<RunningApplication> X11Workspace::running() const {
   std::vector<RunningApplication> applications;
   for (const auto window : m_x.cardinals(m_x.root(), "_NET_CLIENT_LIST")) {
-    const auto pid = m_clients.pidOf(window);
-    const auto process = m_processes.find(pid);
-    auto application = process != m_processes.end() ? process->second->application : describe(window, pid);
+    auto application = describe(window, m_clients.pidOf(window));
     const auto known = std::find_if(applications.begin(), applications.end(),
                                     [&](const auto& each) { return isSame(each, application); });
     application.isRegular = m_clients.kindOf(window) == ClientKind::Ordinary &&
@@ -125,7 +128,7 @@ void X11Workspace::readClients() {
   const auto windows = m_x.cardinals(m_x.root(), "_NET_CLIENT_LIST");
   for (const auto window : windows) {
     if (std::find(m_known.begin(), m_known.end(), window) != m_known.end()) continue;
-    if (const auto pid = m_clients.pidOf(window); pid > 0 && !m_processes.contains(pid)) watch(describe(window, pid));
+    if (const auto pid = m_clients.pidOf(window); pid > 0) watch(describe(window, pid));
   }
   m_known = windows;
 }
@@ -139,10 +142,13 @@ RunningApplication X11Workspace::describe(xcb_window_t window, qint64 pid) const
     return application;
   }
   const auto windowClass = m_clients.classOf(window);
+  const auto process = m_processes.find(pid);
   if (const auto* entry = m_catalog.entryOf(pid, {m_clients.desktopIdOf(window), windowClass.instance, windowClass.name})) {
     application.bundleID = entry->id;
     application.name = entry->name;
     application.isCodeEditor = isCodeEditor(entry->id);
+  } else if (windowClass.name.isEmpty() && process != m_processes.end()) {
+    application = process->second->applications.front();  // a window that says nothing of itself is one more of its
   } else {
     application.bundleID = windowClass.name;
     application.name = windowClass.name.isEmpty() ? m_clients.titleOf(window) : windowClass.name;
@@ -153,9 +159,14 @@ RunningApplication X11Workspace::describe(xcb_window_t window, qint64 pid) const
 }
 
 void X11Workspace::watch(const RunningApplication& application) {
-  if (application.pid <= 0 || application.pid == getpid() || m_processes.contains(application.pid)) return;
+  if (application.pid <= 0 || application.pid == getpid()) return;
+  if (const auto found = m_processes.find(application.pid); found != m_processes.end()) {
+    auto& known = found->second->applications;
+    if (!contains(known, application)) known.push_back(application);
+    return;
+  }
   auto process = std::make_unique<Process>();
-  process->application = application;
+  process->applications.push_back(application);
   process->descriptor = static_cast<int>(syscall(SYS_pidfd_open, static_cast<pid_t>(application.pid), 0));
   if (process->descriptor >= 0) {
     process->exit = std::make_unique<QSocketNotifier>(process->descriptor, QSocketNotifier::Read);
@@ -169,12 +180,12 @@ void X11Workspace::ended(qint64 pid) {
   const auto found = m_processes.find(pid);
   if (found == m_processes.end()) return;
   found->second->exit->setEnabled(false);
-  const auto application = found->second->application;
+  const auto applications = found->second->applications;
   // The notifier is the sender just now: it goes when the loop turns.
   found->second->exit.release()->deleteLater();
   m_processes.erase(found);
   if (m_front && m_front->pid == pid) m_front.reset();
-  m_terminated.notify(application);
+  for (const auto& application : applications) m_terminated.notify(application);
 }
 
 }  // namespace tarnwick

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Another program of the desktop, driven by lines on standard input; it says what happens to it on standard output.
 //   window X Y W H TITLE | dock X Y W H STRUT-TOP | move X Y | resize W H | minimize | restore | front | close | quit
+//   another X Y W H CLASS (a second window, of another application by its class) | title TEXT
 //   claim PID (what the window says of its process; 0: nothing) | acquire | forward WORD... | chord TEXT
 #include "linux/dbus/DBusInstance.h"
 #include "linux/x11/X11HotKeys.h"
@@ -38,6 +39,14 @@ class Peer final {
       m_pane->setGeometry(number(1), number(2), number(3), number(4));
       m_pane->show();
       m_pane->activateWindow();
+    } else if (verb == u"another") {
+      m_second = std::make_unique<Pane>();
+      m_second->setGeometry(number(1), number(2), number(3), number(4));
+      call(*m_second, words.value(5).toLatin1());
+      m_second->show();
+      m_second->activateWindow();
+    } else if (verb == u"title") {
+      m_pane->setWindowTitle(words.mid(1).join(u' '));
     } else if (verb == u"dock") {
       m_pane = std::make_unique<Pane>();
       m_pane->setGeometry(number(1), number(2), number(3), number(4));
@@ -101,6 +110,14 @@ class Peer final {
     m_x.flush();
     say(QStringLiteral("claimed"));
   }
+  void call(QWidget& pane, const QByteArray& name) {
+    const QByteArray names = name + '\0' + name + '\0';
+    const auto window = static_cast<xcb_window_t>(pane.winId());
+    QGuiApplication::sync();  // two connections: the one that makes it first, then the one that names it
+    xcb_change_property(m_x.get(), XCB_PROP_MODE_REPLACE, window, m_x.atom("WM_CLASS"), XCB_ATOM_STRING, 8,
+                        static_cast<uint32_t>(names.size()), names.constData());
+    (void)m_x.property(window, "WM_CLASS");
+  }
   void becomePanel(uint32_t depth) {
     const uint32_t strut[12] = {0, 0, depth, 0, 0, 0, 0, 0, 0, static_cast<uint32_t>(m_pane->width() - 1), 0, 0};
     xcb_change_property(m_x.get(), XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(m_pane->winId()),
@@ -116,6 +133,7 @@ class Peer final {
   DBusInstance m_instance;
   Registration m_chord;
   std::unique_ptr<Pane> m_pane;
+  std::unique_ptr<Pane> m_second;
 };
 
 }  // namespace

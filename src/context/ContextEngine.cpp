@@ -17,6 +17,8 @@ namespace tarnwick {
 namespace {
 
 constexpr std::chrono::milliseconds kDebounce{300};
+// A window that changes its title says so more than once, and some never come to rest.
+constexpr std::chrono::milliseconds kSecondLook{100};
 
 constexpr std::array kCodeEditorBundles{
     "com.microsoft.VSCode",      "com.apple.dt.Xcode", "com.todesktop.230313mzl4w4u92",
@@ -58,8 +60,12 @@ void ContextEngine::start() {
   if (m_defaults.boolean(keys::kHasSeenWelcome) && !m_ports.accessibility.isTrusted(AccessNeed::Tree)) {
     m_ports.accessibility.requestTrust(TrustRequest::AtStart);
   }
-  m_workspaceObserver =
-      m_ports.workspace.onActivated([this](const RunningApplication& application) { applicationActivated(application); });
+  auto& workspace = m_ports.workspace;
+  m_workspaceObservers.clear();
+  m_workspaceObservers.push_back(
+      workspace.onActivated([this](const RunningApplication& application) { applicationActivated(application); }));
+  m_workspaceObservers.push_back(workspace.onDeactivated([this](const RunningApplication&) { applicationLeft(); }));
+  m_workspaceObservers.push_back(workspace.onTerminated([this](const RunningApplication&) { applicationLeft(); }));
   if (const auto front = m_ports.workspace.frontmost(); front && front->bundleID != kApplicationID) {
     setLastExternalApp(*front);
   }
@@ -67,8 +73,9 @@ void ContextEngine::start() {
 }
 
 void ContextEngine::stop() {
-  m_workspaceObserver.cancel();
+  m_workspaceObservers.clear();
   m_debounceWork.cancel();
+  followWindow(std::nullopt);
   m_waiting.reset();
   ++m_generation;
 }
@@ -76,6 +83,11 @@ void ContextEngine::stop() {
 void ContextEngine::applicationActivated(const RunningApplication& application) {
   if (application.bundleID != kApplicationID) setLastExternalApp(application);
   scheduleUpdate();
+}
+
+void ContextEngine::applicationLeft() {
+  // Whoever comes next tells of itself; an empty desktop, or a window that this desktop hides from us, does not.
+  if (!m_ports.workspace.frontmost()) scheduleUpdate();
 }
 
 void ContextEngine::setLastExternalApp(const RunningApplication& application) {
@@ -86,13 +98,39 @@ void ContextEngine::setLastExternalApp(const RunningApplication& application) {
 
 void ContextEngine::scheduleUpdate() {
   const auto front = m_ports.workspace.frontmost();
-  std::optional<QString> folder;
+  followWindow(front);
+  m_seenFolder = folderOf(front);
+  m_debounceWork = m_ports.scheduler.after(
+      kDebounce, [this, bundleID = identifierOf(front), folder = m_seenFolder] { resolveGitContext(bundleID, folder); });
+}
+
+void ContextEngine::followWindow(const std::optional<RunningApplication>& front) {
+  m_secondLook.cancel();
+  const auto pid = isLookedInto(front) ? front->pid : 0;
+  if (pid == m_followed) return;
+  m_followed = pid;
+  m_windowObserver = {};
+  if (pid > 0) m_windowObserver = m_ports.accessibility.onFocusedWindowChanged(pid, [this] { windowChanged(); });
+}
+
+void ContextEngine::windowChanged() {
+  if (m_secondLook.isHeld()) return;
+  m_secondLook = m_ports.scheduler.after(kSecondLook, [this] {
+    m_secondLook = {};
+    // A mark of unsaved changes is no reason to run git.
+    if (folderOf(m_ports.workspace.frontmost()) != m_seenFolder) scheduleUpdate();
+  });
+}
+
+bool ContextEngine::isLookedInto(const std::optional<RunningApplication>& front) const {
   // Window titles are readable where frames are; the tree adds the documents of programs that tell.
   const bool isTrusted = m_ports.accessibility.isTrusted(AccessNeed::Tree) ||
                          m_ports.accessibility.isTrusted(AccessNeed::Frames);
-  if (front && isTrusted && front->pid >= 1 && isCodeEditor(*front)) folder = extractFolderPath(*front);
-  m_debounceWork = m_ports.scheduler.after(
-      kDebounce, [this, bundleID = identifierOf(front), folder] { resolveGitContext(bundleID, folder); });
+  return front && isTrusted && front->pid >= 1 && isCodeEditor(*front);
+}
+
+std::optional<QString> ContextEngine::folderOf(const std::optional<RunningApplication>& front) const {
+  return isLookedInto(front) ? extractFolderPath(*front) : std::nullopt;
 }
 
 std::optional<QString> ContextEngine::extractFolderPath(const RunningApplication& application) const {

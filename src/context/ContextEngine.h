@@ -14,6 +14,7 @@
 #include <QPointer>
 
 #include <optional>
+#include <vector>
 
 namespace tarnwick {
 
@@ -64,7 +65,12 @@ class ContextEngine final : public QObject {
 
  private:
   void applicationActivated(const RunningApplication& application);
+  void applicationLeft();
+  void followWindow(const std::optional<RunningApplication>& front);
+  void windowChanged();
   void setLastExternalApp(const RunningApplication& application);
+  [[nodiscard]] bool isLookedInto(const std::optional<RunningApplication>& front) const;
+  [[nodiscard]] std::optional<QString> folderOf(const std::optional<RunningApplication>& front) const;
   [[nodiscard]] std::optional<QString> extractFolderPath(const RunningApplication& application) const;
   void resolveGitContext(std::optional<QString> bundleID, std::optional<QString> folder);
   void askGit();
@@ -75,7 +81,11 @@ class ContextEngine final : public QObject {
   NotificationCenter& m_center;
   ContextSnapshot m_snapshot;
   std::optional<RunningApplication> m_lastExternalApp;
-  Registration m_workspaceObserver;
+  std::vector<Registration> m_workspaceObservers;
+  qint64 m_followed = 0;  // the editor whose focused window is listened to
+  Registration m_windowObserver;
+  Registration m_secondLook;
+  std::optional<QString> m_seenFolder;  // of the last update, asked for or under way
   Registration m_debounceWork;
   std::optional<ContextSnapshot> m_waiting;  // for git to be free
   bool m_isAskingGit = false;

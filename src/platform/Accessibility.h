@@ -4,9 +4,11 @@
 
 #include "platform/DesktopGeometry.h"
 #include "platform/PortTraits.h"
+#include "platform/Registration.h"
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -42,8 +44,9 @@ class Accessibility {
   /// Lets the desktop ask for permission. Accessibility is a setting of the whole session: where we would have to switch
   /// it on ourselves, only the user's own request does.
   virtual void requestTrust(TrustRequest request) = 0;
-  [[nodiscard]] virtual std::optional<ElementRef> application(qint64 pid) const = 0;
   [[nodiscard]] virtual std::optional<ElementRef> focusedWindow(qint64 pid) const = 0;
+  /// Tells when another window of a process becomes its focused one, or that window says another title or document.
+  [[nodiscard]] virtual Registration onFocusedWindowChanged(qint64 pid, std::function<void()> observer) = 0;
   [[nodiscard]] virtual std::optional<ElementFacts> facts(const ElementRef& element) const = 0;
   /// Nothing when the read failed.
   [[nodiscard]] virtual std::optional<std::vector<ElementRef>> children(const ElementRef& element) const = 0;

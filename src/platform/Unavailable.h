@@ -31,8 +31,8 @@ class UnavailableAccessibility final : public Accessibility, private Absence {
   [[nodiscard]] PortTraits traits() const override { return absent(); }
   [[nodiscard]] bool isTrusted(AccessNeed) const override { return false; }
   void requestTrust(TrustRequest) override {}
-  [[nodiscard]] std::optional<ElementRef> application(qint64) const override { return std::nullopt; }
   [[nodiscard]] std::optional<ElementRef> focusedWindow(qint64) const override { return std::nullopt; }
+  [[nodiscard]] Registration onFocusedWindowChanged(qint64, std::function<void()>) override { return {}; }
   [[nodiscard]] std::optional<ElementFacts> facts(const ElementRef&) const override { return std::nullopt; }
   [[nodiscard]] std::optional<std::vector<ElementRef>> children(const ElementRef&) const override { return std::nullopt; }
   [[nodiscard]] std::vector<ElementRef> docks() const override { return {}; }

@@ -219,6 +219,56 @@ TEST_F(Context, anotherFolderBetweenRootAndBranchIsAskedNext) {
   EXPECT_EQ(posted.size(), 1);
 }
 
+TEST_F(Context, aSwitchInsideAnEditorIsFollowed) {
+  repository(u"/u/two"_s, u"/u/two"_s, u"side"_s);
+  engine.start();
+  show(code, u"/u/one/a.c"_s);
+  time.advance(1s);
+  auto& document = accessibility.nodes[u"/window/20"_s].facts.document;
+  document = u"/u/two/b.c"_s;
+  accessibility.changed[20].notify();
+  time.advance(1s);
+  EXPECT_EQ(engine.snapshot(), (ContextSnapshot{code.bundleID, u"/u/two"_s, u"/u/two"_s, u"side"_s}));
+  EXPECT_EQ(posted.size(), 2);
+  document = u"/u/two/c.c"_s;
+  accessibility.changed[20].notify();
+  time.advance(1s);
+  EXPECT_EQ(posted.size(), 2) << "another file of the same folder is no other context";
+  EXPECT_EQ(git.asked.size(), 3) << git.asked.join(u'\n').toStdString();
+  workspace.activate(browser);
+  EXPECT_EQ(accessibility.changed[20].count(), 0) << "nobody listens behind another application";
+}
+
+TEST_F(Context, aTitleThatNeverRestsHoldsNothingUp) {
+  engine.start();
+  show(code, u"/u/one/a.c"_s);
+  time.advance(1s);
+  accessibility.nodes[u"/window/20"_s].facts.document = u"/u/two/b.c"_s;
+  for (int i = 0; i < 10; ++i) {
+    accessibility.changed[20].notify();
+    time.advance(50ms);
+  }
+  EXPECT_EQ(engine.snapshot().folderPath, u"/u/two"_s);
+}
+
+TEST_F(Context, withNobodyInFrontThereIsNone) {
+  repository(u"/u/one"_s, u"/u/one"_s, u"main"_s);
+  engine.start();
+  const auto leave = [&](ObserverList<const RunningApplication&>& how) {
+    show(code, u"/u/one/a.c"_s);
+    time.advance(1s);
+    ASSERT_EQ(posted.last(), u"/u/one com.microsoft.VSCode"_s);
+    workspace.front.reset();
+    how.notify(code);
+    time.advance(1s);
+    EXPECT_EQ(posted.last(), u"- -"_s);
+    EXPECT_EQ(engine.snapshot(), ContextSnapshot());
+    EXPECT_EQ(engine.lastExternalApp(), code);
+  };
+  leave(workspace.deactivated);
+  leave(workspace.terminated);
+}
+
 TEST_F(Context, afterStopNothingIsAskedOrTold) {
   engine.start();
   show(code, u"/u/proj/a.c"_s);

@@ -168,6 +168,7 @@ class FakeAccessibility final : public Accessibility {
   std::optional<TrustRequest> lastRequest;
   std::map<QString, Node> nodes;
   std::map<qint64, QString> windows;  // pid -> path of the focused window
+  std::map<qint64, ObserverList<>> changed;
   std::vector<QString> dockPaths;
 
   [[nodiscard]] static ElementRef ref(const QString& path) { return {QStringLiteral("fake"), path}; }
@@ -177,14 +178,13 @@ class FakeAccessibility final : public Accessibility {
     ++trustRequests;
     lastRequest = request;
   }
-  [[nodiscard]] std::optional<ElementRef> application(qint64 pid) const override {
-    if (!windows.contains(pid)) return std::nullopt;
-    return ref(QStringLiteral("/app/%1").arg(pid));
-  }
   [[nodiscard]] std::optional<ElementRef> focusedWindow(qint64 pid) const override {
     const auto found = windows.find(pid);
     if (found == windows.end()) return std::nullopt;
     return ref(found->second);
+  }
+  [[nodiscard]] Registration onFocusedWindowChanged(qint64 pid, std::function<void()> observer) override {
+    return changed[pid].add(std::move(observer));
   }
   [[nodiscard]] std::optional<ElementFacts> facts(const ElementRef& element) const override {
     const auto found = nodes.find(element.path);

@@ -275,6 +275,36 @@ TEST_F(TheAccessibleDesktop, KnowsFrameAndTitleOfTheFocusedWindow) {
   EXPECT_FALSE(access.focusedWindow(0));
 }
 
+TEST_F(TheAccessibleDesktop, TellsOfAnotherTitleAndOfAnotherFocusedWindow) {
+  PeerProgram peer;
+  PeerProgram stranger;
+  stranger.tell("window 500 150 300 200 Strange");
+  ASSERT_TRUE(holdsSoon([&] { return isFront(stranger); }));
+  peer.tell("window 200 150 400 250 One");
+  ASSERT_TRUE(holdsSoon([&] { return isFront(peer); }));
+  QStringList titles;
+  auto handle = access.onFocusedWindowChanged(peer.pid(), [&] {
+    const auto window = access.focusedWindow(peer.pid());
+    const auto facts = window ? access.facts(*window) : std::nullopt;
+    const auto title = facts ? facts->title : QString();
+    if (titles.isEmpty() || titles.last() != title) titles << title;
+  });
+  int strangers = 0;
+  const auto other = access.onFocusedWindowChanged(stranger.pid(), [&] { ++strangers; });
+  peer.tell("title Two");
+  ASSERT_TRUE(holdsSoon([&] { return titles == QStringList{QStringLiteral("Two")}; }));
+  EXPECT_EQ(strangers, 0);
+  peer.tell("another 500 300 300 200 Another");
+  EXPECT_TRUE(holdsSoon([&] { return titles.size() == 2; })) << "another window of its";
+  peer.tell("front");
+  EXPECT_TRUE(holdsSoon([&] { return titles.size() == 3 && titles.last() == u"Two"; }));
+  handle.cancel();
+  peer.tell("title Three");
+  stranger.tell("title Stranger");
+  EXPECT_TRUE(holdsSoon([&] { return strangers > 0; }));
+  EXPECT_EQ(titles.size(), 3) << "nobody listens any more";
+}
+
 TEST_F(TheAccessibleDesktop, IsSwitchedOnByTheUserAndNeverByAStart) {
   const auto isOn = [] {
     return test::run(QStringLiteral("gdbus"),
@@ -333,11 +363,13 @@ TEST_F(TheAccessibleDesktop, TellsTheDocumentOfAWindowThatPublishesIt) {
                 {QStringLiteral("--profile"), folder.path(), QStringLiteral("--new-window"),
                  QUrl::fromLocalFile(page.fileName()).toString(QUrl::FullyEncoded)});
   ASSERT_TRUE(browser.waitForStarted());
-  EXPECT_TRUE(holdsSoon([&] {
+  std::optional<QString> document;
+  const auto handle = access.onFocusedWindowChanged(browser.processId(), [&] {
     const auto window = access.focusedWindow(browser.processId());
     const auto facts = window ? access.facts(*window) : std::nullopt;
-    return facts && facts->document == page.fileName();
-  }));
+    if (facts) document = facts->document;
+  });
+  EXPECT_TRUE(holdsSoon([&] { return document == page.fileName(); })) << "told as it becomes known, without another look";
   browser.terminate();
   browser.waitForFinished(20000);
 }

@@ -31,10 +31,10 @@ def scene(tarnwick, server, say):
     theirs = repository("elsewhere")
     tarnwick.start("--background")
 
-    def editor(path):
+    def editor(*paths):
         """A window, and a process, of its own."""
-        window = Application(server, "geany", "geany", "-i", "-s", "-t", "-p", str(path))
-        wait(lambda: path.name in server.title(window.window), f"{path.name} is open")
+        window = Application(server, "geany", "geany", "-i", "-s", "-t", "-p", *map(str, paths))
+        wait(lambda: paths[0].name in server.title(window.window), f"{paths[0].name} is open")
         window.resize(480, 300)
         window.activate()
         return window
@@ -44,8 +44,6 @@ def scene(tarnwick, server, say):
 
     terminal = Terminal(server, "Shell", "40x8+30+60")
     first = editor(ours / "src" / "main.c")
-    terminal.activate()
-    first.activate()
     wait(lambda: context()["gitRoot"] == str(ours), "the repository is known")
     seen = context()
     expect(seen["frontBundleID"] == "geany", f"the editor by its entry: {seen}")
@@ -70,6 +68,18 @@ def scene(tarnwick, server, say):
     terminal.activate()
     hides("a program that is no editor hides it")
     say("shows only with its repository")
+
+    # inside one window, without a change of the front application
+    tabs = editor(ours / "src" / "main.c", theirs / "src" / "main.c")
+    for root in (theirs, ours, theirs, ours):
+        if root.name not in server.title(tabs.window):
+            tarnwick.key("ctrl+Next")
+        wait(lambda: context()["gitRoot"] == str(root), f"the tab of {root.name} is noticed")  # noqa: B023
+        (shows if root is ours else hides)(f"turned to {root.name}")
+    expect(tabs.is_in_front(), "the editor was in front all the while")
+    tabs.close()
+    first.activate()
+    say("follows the tabs of one window")
 
     # on another branch, and with no branch at all
     def turned(*words):
@@ -162,8 +172,18 @@ def scene(tarnwick, server, say):
     expect("Or pin it to the repository" in said and "XWayland" in said, f"what works here is said: {said!r}")
     tarnwick.shot("wayland")
     say("says what works on another kind of desktop")
-    for each in (first, other, terminal):
+    tarnwick.run("toggle", check=True)
+    wait(lambda: not tarnwick.status()["board"]["visible"], "the board hides")
+
+    # the last window of all goes, and nobody comes to the front
+    for each in (other, terminal):
         each.close()
+    first.activate()
+    wait(lambda: tarnwick.window(beans["id"])["visible"], "the note shows with its editor alone on the desktop")
+    first.close()
+    wait(lambda: not tarnwick.window(beans["id"])["visible"], "an empty desktop hides it")
+    wait(lambda: context()["frontBundleID"] is None and context()["gitRoot"] is None, "nobody is in front")
+    say("hides on an empty desktop")
 
 
 play(scene)

@@ -8,7 +8,6 @@ namespace tarnwick {
 namespace {
 
 const QString kWindowService = QStringLiteral("x11-window");
-const QString kProcessService = QStringLiteral("x11-process");
 const QString kPlankService = QStringLiteral("plank");
 const QString kPlankTrash = QStringLiteral("trash");
 
@@ -18,11 +17,13 @@ AtSpiAccessibility::AtSpiAccessibility(XcbConnection& connection, PlankDock& pla
     : m_x(connection),
       m_plank(plank),
       m_clients(connection),
+      m_focus(connection),
       m_tree({[this] { return pidsOfDocks(); },
               [this](quint32 window) -> std::optional<DesktopRect> {
                 const auto frame = m_x.geometry(window);
                 return frame ? std::optional(desktopFromNative(*frame)) : std::nullopt;
-              }}) {
+              }}),
+      m_documents(m_tree, [this](qint64 pid) { m_focus.tell(pid); }) {
   m_rootChanges = m_x.select(m_x.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
   m_events = m_x.onEvent([this](const xcb_generic_event_t& event) {
     if (eventKind(event) != XCB_PROPERTY_NOTIFY) return;
@@ -39,11 +40,6 @@ PortTraits AtSpiAccessibility::traits() const {
 }
 
 bool AtSpiAccessibility::isTrusted(AccessNeed need) const { return need == AccessNeed::Frames || m_tree.isOn(); }
-
-std::optional<ElementRef> AtSpiAccessibility::application(qint64 pid) const {
-  if (pid < 1) return std::nullopt;
-  return ElementRef{kProcessService, QString::number(pid)};
-}
 
 std::optional<ElementRef> AtSpiAccessibility::focusedWindow(qint64 pid) const {
   if (pid < 1) return std::nullopt;
@@ -68,15 +64,6 @@ std::optional<ElementFacts> AtSpiAccessibility::facts(const ElementRef& element)
 }
 
 std::optional<std::vector<ElementRef>> AtSpiAccessibility::children(const ElementRef& element) const {
-  if (element.service == kProcessService) {
-    std::vector<ElementRef> windows;
-    for (const auto window : m_x.clients()) {
-      if (m_clients.pidOf(window) == element.path.toLongLong()) {
-        windows.push_back({kWindowService, QString::number(window)});
-      }
-    }
-    return windows;
-  }
   if (element.service == kWindowService) return std::vector<ElementRef>();
   if (element.service == kPlankService) {
     if (element.path == kPlankTrash) return std::vector<ElementRef>();

@@ -6,7 +6,7 @@
 #include "linux/atspi/AtSpiDocuments.h"
 #include "linux/atspi/AtSpiTree.h"
 #include "linux/dbus/PlankDock.h"
-#include "linux/x11/X11Clients.h"
+#include "linux/x11/X11FocusWatch.h"
 #include "platform/Accessibility.h"
 
 #include <memory>
@@ -24,8 +24,10 @@ class AtSpiAccessibility final : public Accessibility {
   void requestTrust(TrustRequest request) override {
     if (request == TrustRequest::ByUser) m_tree.switchOn();
   }
-  [[nodiscard]] std::optional<ElementRef> application(qint64 pid) const override;
   [[nodiscard]] std::optional<ElementRef> focusedWindow(qint64 pid) const override;
+  [[nodiscard]] Registration onFocusedWindowChanged(qint64 pid, std::function<void()> observer) override {
+    return m_focus.add(pid, std::move(observer));
+  }
   [[nodiscard]] std::optional<ElementFacts> facts(const ElementRef& element) const override;
   [[nodiscard]] std::optional<std::vector<ElementRef>> children(const ElementRef& element) const override;
   /// Also starts a new reading, for the next time.
@@ -40,8 +42,9 @@ class AtSpiAccessibility final : public Accessibility {
   XcbConnection& m_x;
   PlankDock& m_plank;
   X11Clients m_clients;
+  X11FocusWatch m_focus;
   mutable AtSpiTree m_tree;
-  mutable AtSpiDocuments m_documents{m_tree};
+  mutable AtSpiDocuments m_documents;
   Registration m_rootChanges;
   Registration m_events;
 };

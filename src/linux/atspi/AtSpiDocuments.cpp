@@ -45,7 +45,6 @@ std::optional<QString> userDocument(const QString& address, const QString& progr
 
 std::optional<QString> AtSpiDocuments::look(qint64 pid, const QString& title) {
   if (pid < 1 || !m_tree.isOn()) return std::nullopt;
-  const auto known = m_known.value(pid);
   atspi::call(m_tree.bus(), atspi::applications(), this, [this, pid, title](const QDBusMessage& reply) {
     for (const auto& application : atspi::refsFrom(reply)) {
       atspi::call(m_tree.bus(), atspi::processOf(application), this, [this, application, pid, title](const auto& owner) {
@@ -53,7 +52,19 @@ std::optional<QString> AtSpiDocuments::look(qint64 pid, const QString& title) {
       });
     }
   });
-  return known.title == title ? known.document : std::nullopt;
+  return known(pid, title);
+}
+
+std::optional<QString> AtSpiDocuments::known(qint64 pid, const QString& title) const {
+  const auto found = m_known.constFind(pid);
+  return found != m_known.constEnd() && found->title == title ? found->document : std::nullopt;
+}
+
+void AtSpiDocuments::learn(qint64 pid, const QString& title, const std::optional<QString>& document) {
+  const bool isNew = known(pid, title) != document;
+  if (m_known.size() >= kMostKnown) m_known.clear();
+  m_known.insert(pid, {title, document});
+  if (isNew) m_changed(pid);
 }
 
 void AtSpiDocuments::askApplication(const ElementRef& application, qint64 pid, const QString& title) {
@@ -72,10 +83,13 @@ void AtSpiDocuments::askApplication(const ElementRef& application, qint64 pid, c
 
 void AtSpiDocuments::askWindow(const ElementRef& window, qint64 pid, const QString& title) {
   atspi::call(m_tree.bus(), documentsBelow(window), this, [this, pid, title](const QDBusMessage& reply) {
-    if (m_known.size() >= kMostKnown) m_known.clear();
-    m_known.insert(pid, {title, std::nullopt});
+    if (reply.type() != QDBusMessage::ReplyMessage) return;  // too busy to answer: it has what it had
     const auto documents = atspi::refsFrom(reply);
-    if (!documents.empty()) askDocument(documents.front(), pid, title);
+    if (documents.empty()) {
+      learn(pid, title, std::nullopt);
+    } else {
+      askDocument(documents.front(), pid, title);
+    }
   });
 }
 
@@ -86,7 +100,7 @@ void AtSpiDocuments::askDocument(const ElementRef& document, qint64 pid, const Q
   atspi::call(m_tree.bus(), address, this, [this, pid, title](const QDBusMessage& reply) {
     if (reply.type() != QDBusMessage::ReplyMessage) return;
     const auto program = QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(pid));
-    m_known.insert(pid, {title, userDocument(reply.arguments().value(0).toString(), QFileInfo(program).path())});
+    learn(pid, title, userDocument(reply.arguments().value(0).toString(), QFileInfo(program).path()));
   });
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The documents that windows publish on the accessibility bus. Asked for in the background whenever a window is looked
-// at, in a handful of calls, and kept for the next look.
+// at, in a handful of calls, and kept for the next look, which a change calls for.
 #pragma once
 
 #include "platform/Accessibility.h"
@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace tarnwick {
@@ -21,9 +22,10 @@ class AtSpiTree;
 
 class AtSpiDocuments final : public QObject {
  public:
-  explicit AtSpiDocuments(const AtSpiTree& tree) : m_tree(tree) {}
+  using Changed = std::function<void(qint64 pid)>;
+  AtSpiDocuments(const AtSpiTree& tree, Changed changed) : m_tree(tree), m_changed(std::move(changed)) {}
 
-  /// As the process's window of that title said last; asks anew.
+  /// As the process's window of that title said last; asks anew, and tells when the answer would be another one now.
   [[nodiscard]] std::optional<QString> look(qint64 pid, const QString& title);
 
  private:
@@ -35,7 +37,11 @@ class AtSpiDocuments final : public QObject {
   void askWindow(const ElementRef& window, qint64 pid, const QString& title);
   void askDocument(const ElementRef& document, qint64 pid, const QString& title);
 
+  [[nodiscard]] std::optional<QString> known(qint64 pid, const QString& title) const;
+  void learn(qint64 pid, const QString& title, const std::optional<QString>& document);
+
   const AtSpiTree& m_tree;
+  Changed m_changed;
   QHash<qint64, Known> m_known;
 };
 

@@ -120,15 +120,40 @@ void TornNotePanel::observe() {
   auto& center = m_services.center;
   connect(&center, &NotificationCenter::notePrivacyChanged, this, &TornNotePanel::applySharing);
   connect(&center, &NotificationCenter::taskDidUpdate, this, [this](const QUuid& id) {
-    if (id == m_taskID) applySharing();
+    if (id != m_taskID) return;
+    applySharing();
+    adoptPins();
   });
   connect(&center, &NotificationCenter::ghostTick, this, &TornNotePanel::applyGhost);
   connect(&m_veil, &CaptureVeil::changed, this, &TornNotePanel::refreshVisibility);
-  m_appPinning = std::make_unique<AppPinning>(m_services, m_ports, m_taskID, *this);
-  if (m_pinnedBundleID && !m_gitRepoPath) m_appPinning->start(*m_pinnedBundleID);
-  if (m_gitRepoPath) m_gitPinning = std::make_unique<GitPinning>(center, *m_gitRepoPath, m_pinnedBundleID, *this);
+  setUpPinning();
   connect(&center, &NotificationCenter::workspaceModeChanged, this, &TornNotePanel::workspaceModeChanged);
   connect(&center, &NotificationCenter::noteDisplayModeChanged, this, &TornNotePanel::applyDisplayMode);
+}
+
+void TornNotePanel::setUpPinning() {
+  m_gitPinning.reset();
+  m_appPinning = std::make_unique<AppPinning>(m_services, m_ports, m_taskID, *this);
+  if (m_gitRepoPath) {
+    m_gitPinning = std::make_unique<GitPinning>(m_services.center, *m_gitRepoPath, m_pinnedBundleID, *this);
+  } else if (m_pinnedBundleID) {
+    m_appPinning->start(*m_pinnedBundleID);
+  }
+}
+
+void TornNotePanel::adoptPins() {
+  const auto& record = m_task->record();
+  if (record.pinnedBundleID == m_pinnedBundleID && record.gitRepoPath == m_gitRepoPath) return;
+  m_pinnedBundleID = record.pinnedBundleID;
+  m_gitRepoPath = record.gitRepoPath;
+  const bool wasDocked = isDocked();
+  setUpPinning();
+  if (wasDocked) {
+    setTucked(false, Animation::Immediate);
+    setFrame(placement::broughtIntoView(m_home, m_services.screens.all()));
+  }
+  orderFront();
+  dockIfWanted();
 }
 
 bool TornNotePanel::isDocked() const { return m_appPinning && m_appPinning->isDocked(); }

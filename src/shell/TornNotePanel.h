@@ -92,6 +92,8 @@ class TornNotePanel final : public QWidget, public PinnedWindow {
  private:
   void buildContent();
   void observe();
+  void setUpPinning();
+  void adoptPins();
   void applyGeometry();
   void applyToWindow();
   void refreshVisibility();

@@ -150,8 +150,6 @@ def scene(tarnwick, server, say):
 
     # the application and the repository together
     tarnwick.run("edit", note, "--pin", "org.example.Nothing", check=True)
-    tarnwick.run("redock", note, check=True)
-    tarnwick.run("tear", note, check=True)
     terminal.activate()
     wait(lambda: context()["frontBundleID"] != "geany", "the terminal is in front")
     wait(lambda: not tarnwick.window(note)["visible"], "hidden")

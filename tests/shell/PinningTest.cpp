@@ -177,6 +177,33 @@ TEST_F(AppPinned, looksToWhereFollowingIsRefused) {
   EXPECT_EQ(note.frame(), (DesktopRect{672, 590, 210, 46}));
 }
 
+TEST_F(AppPinned, pinsThatAreEditedHoldAtOnce) {
+  workspace.front = kEditor;
+  const auto task = note();
+  auto& window = torn(task);
+  const auto home = window.frame();
+  const auto pin = [&](const std::optional<QString>& application, const std::optional<QString>& repository) {
+    task->set(&TaskRecord::pinnedBundleID, application);
+    task->set(&TaskRecord::gitRepoPath, repository);
+    Q_EMIT center.taskDidUpdate(task->id());
+  };
+  pin(kEditor.bundleID, {});
+  EXPECT_TRUE(window.isDocked());
+  EXPECT_EQ(window.frame(), (DesktopRect{672, 590, 210, 46}));
+  pin({}, QStringLiteral("/home/me/parser"));
+  EXPECT_FALSE(window.isDocked());
+  EXPECT_EQ(window.frame(), home) << "where it was before";
+  EXPECT_EQ(otherWindows.followerCount(kEditor.pid), 0);
+  workspace.activate(kBrowser);
+  EXPECT_TRUE(window.isVisible()) << "the application is no matter any more";
+  Q_EMIT center.contextChanged(std::nullopt, kBrowser.bundleID);
+  EXPECT_FALSE(window.isVisible());
+  pin({}, {});
+  EXPECT_TRUE(window.isVisible());
+  Q_EMIT center.contextChanged(std::nullopt, kBrowser.bundleID);
+  EXPECT_TRUE(window.isVisible());
+}
+
 TEST_F(AppPinned, aClosedNoteHearsNothingMore) {
   const auto task = pinnedNote(kEditor);
   torn(task);

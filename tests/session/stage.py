@@ -3,6 +3,7 @@
 stacking, window properties, input shapes."""
 import contextlib
 import os
+import re
 import subprocess
 import sys
 import time
@@ -271,6 +272,52 @@ class Application(Framed):
         """As its close button does."""
         subprocess.run(["wmctrl", "-i", "-c", hex(self.window.id)], check=False)
         wait(lambda: all(w.id != self.window.id for w in self.server.windows()), f"{self.title!r} closes")
+
+
+TAB = [210, 46]
+UNFOLDED = [250, 230]
+DOCK_OFFSET = (-18, -64)
+
+
+def monitors():
+    """Rectangles of the monitors, in the order in which the server names them."""
+    lines = subprocess.check_output(["xrandr", "--listmonitors"], text=True).splitlines()[1:]
+    sizes = [re.search(r" (\d+)/\d+x(\d+)/\d+\+(\d+)\+(\d+)", line).groups() for line in lines]
+    return [[int(x), int(y), int(width), int(height)] for width, height, x, y in sizes]
+
+
+def docked_at(target, offset=DOCK_OFFSET, size=None):
+    """Top right corner at the target's, moved by the offset (whose y counts upwards), inside the first monitor that the
+    target touches."""
+    across, down = size or TAB
+    left, top, width, height = next(m for m in monitors() if target[0] < m[0] + m[2] and m[0] < target[0] + target[2])
+    x = min(max(left, target[0] + target[2] + offset[0] - across), left + width - across)
+    y = min(max(top, target[1] - offset[1]), top + height - down)
+    return [x, y, across, down]
+
+
+class DockedNote:
+    """A note that is pinned to an application: where it is, by its own word and by the X server's."""
+
+    def __init__(self, tarnwick, server, note):
+        self.tarnwick = tarnwick
+        self.server = server
+        self.note = note
+
+    def window(self):
+        return self.tarnwick.window(self.note)
+
+    def docks(self, to, what="docked", offset=DOCK_OFFSET, size=None):
+        def is_there():
+            seen, wanted = self.window(), docked_at(to.frame(), offset, size)
+            return seen["visible"] and seen["docked"] and seen["frame"] == wanted and self.server.note_window(wanted)
+        try:
+            return wait(is_there, f"{to.title!r} and its note: {what}")
+        except Failure as failure:
+            raise Failure(f"{failure}: {self.window()} beside {to.frame()}") from None
+
+    def hides(self, what):
+        wait(lambda: not self.window()["visible"] and not self.server.notes(), what)
 
 
 def tear_at(tarnwick, text, x, y):

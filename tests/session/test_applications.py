@@ -2,23 +2,12 @@
 """Notes dock to the windows of real applications of several toolkits: a terminal, an editor, a file manager, a browser."""
 import os
 import pathlib
-import re
 import shutil
-import subprocess
 
 from driver import wait, xdo
-from stage import Application, Plain, expect, park, play, settled
+from stage import Application, DockedNote, Plain, expect, monitors, park, play, settled
 
-TAB = [210, 46]
 HOME = pathlib.Path(os.environ["HOME"])
-
-
-def tab_at(target, monitors):
-    """At the target's upper right corner, inside the first monitor that the target touches."""
-    left, top, width, height = next(m for m in monitors if target[0] < m[0] + m[2] and m[0] < target[0] + target[2])
-    x = min(max(left, target[0] + target[2] - 18 - TAB[0]), left + width - TAB[0])
-    y = min(max(top, target[1] + 64), top + height - TAB[1])
-    return [x, y, *TAB]
 
 
 def xterm(server):
@@ -52,35 +41,25 @@ def scene(tarnwick, server, say):
     (HOME / "main.c").write_text("int main(void) { return 0; }\n", encoding="utf-8")
     park()
     tarnwick.start("--background")
-    monitors = [[int(n) for n in re.search(r" (\d+)/\d+x(\d+)/\d+\+(\d+)\+(\d+)", line).groups()]
-                for line in subprocess.check_output(["xrandr", "--listmonitors"], text=True).splitlines()[1:]]
-    monitors = [[x, y, width, height] for width, height, x, y in monitors]
     for name, launch in APPLICATIONS.items():
-        follow(tarnwick, server, name, launch, monitors)
+        follow(tarnwick, server, name, launch)
         say(f"{name}: docks, follows, hides and returns")
 
 
-def follow(tarnwick, server, name, launch, monitors):
+def follow(tarnwick, server, name, launch):
     target = launch(server)
     target.activate()
     pin = wait(lambda: (lambda last: last if last and name in last.lower() else None)(
         tarnwick.status()["context"]["lastExternalApp"]), f"{name} is known")
     note = tarnwick.run("add", f"Look after {name}", "--pin", pin, check=True).stdout.strip()
 
-    def window():
-        return tarnwick.window(note)
+    pinned = DockedNote(tarnwick, server, note)
 
     def docks(to, what):
-        def is_there():
-            seen, wanted = window(), tab_at(to.frame(), monitors)
-            return seen["visible"] and seen["docked"] and seen["frame"] == wanted and server.note_window(wanted)
-        try:
-            return wait(is_there, f"{name} docks: {what}")
-        except AssertionError as failure:
-            raise type(failure)(f"{failure}: {window()} beside {to.frame()}") from None
+        return pinned.docks(to, f"{name} {what}")
 
     def hides(what):
-        wait(lambda: not window()["visible"] and not server.notes(), f"{name} hides: {what}")
+        pinned.hides(f"{name} hides: {what}")
 
     def reshape(to, x, y, width, height):
         to.unmaximize()
@@ -125,25 +104,21 @@ def follow(tarnwick, server, name, launch, monitors):
     target.set_full_screen(True)
     wait(lambda: "FULLSCREEN" in server.states(target.window), f"{name} fills the screen")
     whole = settled(target.frame, f"{name}'s full screen")
-    expect(whole[2] >= monitors[0][2] and whole[3] == monitors[0][3], f"{name} is as large as the screen: {whole}")
+    first, *others = monitors()
+    expect(whole[2] >= first[2] and whole[3] == first[3], f"{name} is as large as the screen: {whole}")
     docks(target, "full screen")
     tarnwick.shot(f"{name}-full-screen")
     target.set_full_screen(False)
     wait(lambda: "FULLSCREEN" not in server.states(target.window), f"{name} is a window again")
     docks(target, "a window again")
 
-    # Xvfb's second monitor has no output of its own, and some window managers keep windows off it for that
-    if len(monitors) > 1:
-        reshape(target, 900, 100, 520, 360)
-        docks(target, "on the other monitor")
-        expect(window()["frame"][0] >= 800, f"{name}: the tab went along")
-        target.move(620, 180)
-        settled(target.frame, f"{name}'s window")
-        docks(target, "across both monitors")
-    else:
-        target.move(1000, 300)
-        settled(target.frame, f"{name}'s window")
-        docks(target, "partly off the screen")
+    reshape(target, others[0][0] + 100, 100, 520, 360)
+    docks(target, "on the other monitor")
+    expect(pinned.window()["frame"][0] >= others[0][0], f"{name}: the tab went along")
+    tarnwick.shot(f"{name}-other-monitor")
+    target.move(others[0][0] - 180, 180)
+    settled(target.frame, f"{name}'s window")
+    docks(target, "across both monitors")
 
     target.close()
     hides("closed")
@@ -154,7 +129,7 @@ def follow(tarnwick, server, name, launch, monitors):
     target.close()
     hides("closed for good")
     tarnwick.run("crush", note, check=True)
-    wait(lambda: not window(), "the note is gone")
+    wait(lambda: not pinned.window(), "the note is gone")
 
 
 def activate(server, window):

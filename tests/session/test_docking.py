@@ -5,15 +5,7 @@ import os
 import pathlib
 
 from driver import wait, xdo
-from stage import ALL_DESKTOPS, Plain, Terminal, expect, park, play, settled
-
-TAB = [210, 46]
-OFFSET = (-18, -64)
-
-
-def tab_at(target, offset, size):
-    """Top right corner at the target's, moved by the offset (whose y counts upwards)."""
-    return [target[0] + target[2] + offset[0] - size[0], target[1] - offset[1], *size]
+from stage import ALL_DESKTOPS, UNFOLDED, DockedNote, Plain, Terminal, expect, park, play, settled
 
 
 def scene(tarnwick, server, say):
@@ -25,21 +17,11 @@ def scene(tarnwick, server, say):
         tarnwick.status()["context"]["lastExternalApp"]), "the terminal is known")
     note = tarnwick.run("add", "Restart the server", "--pin", pin, check=True).stdout.strip()
 
-    def window():
-        return tarnwick.window(note)
+    pinned = DockedNote(tarnwick, server, note)
+    window, hides = pinned.window, pinned.hides
 
-    def docks(offset=OFFSET, size=TAB):
-        def is_there():
-            seen, target = window(), terminal.frame()
-            wanted = tab_at(target, offset, size)
-            return seen["visible"] and seen["docked"] and seen["frame"] == wanted and server.note_window(wanted)
-        try:
-            return wait(is_there, f"docked at {offset} {size}")
-        except AssertionError as failure:
-            raise type(failure)(f"{failure}: {window()} beside {terminal.frame()}") from None
-
-    def hides(what):
-        wait(lambda: not window()["visible"] and not server.notes(), what)
+    def docks(**how):
+        return pinned.docks(terminal, **how)
 
     tab = docks()
     expect(window()["tucked"], "it starts as a tab")
@@ -56,8 +38,7 @@ def scene(tarnwick, server, say):
     docks()
     terminal.move(1200, 300)
     wait(lambda: terminal.frame()[0] > 400, "the terminal moves to the edge")  # some window managers stop it there
-    wait(lambda: window()["frame"][0] == min(tab_at(terminal.frame(), OFFSET, TAB)[0], 1280 - TAB[0]) and window()["visible"],
-         "it stays on the screen beside the edge")
+    docks(what="on the screen, beside the edge")
     terminal.move(200, 300)
     docks()
     say("follows a move and a resize")
@@ -76,7 +57,7 @@ def scene(tarnwick, server, say):
     docks()
     second = Terminal(server, "Second shell", "40x8+20+60")
     second.activate()
-    wait(lambda: window()["visible"] and window()["frame"] == tab_at(second.frame(), OFFSET, TAB), "docks to a second window")
+    pinned.docks(second, "a second window")
     second.close()
     terminal.activate()
     docks()
@@ -85,7 +66,7 @@ def scene(tarnwick, server, say):
 
     x, y, width, height = window()["frame"]
     xdo("mousemove", x + width // 2, y + height // 2)
-    docks(size=[250, 230])
+    docks(size=UNFOLDED)
     wait(lambda: not window()["tucked"], "opens under the pointer")
     tarnwick.shot("opened")
     park()
@@ -95,7 +76,7 @@ def scene(tarnwick, server, say):
 
     # dragged by the pointer: it keeps that distance from the corner
     xdo("mousemove", x + width // 2, y + height // 2)
-    docks(size=[250, 230])
+    docks(size=UNFOLDED)
     left, top, width, height = settled(lambda: window()["frame"], "the open note")
     grip = (left + width / 2, top + height - 50)
     tarnwick.drag(grip, (grip[0] - 90, grip[1] + 40))
@@ -105,14 +86,14 @@ def scene(tarnwick, server, say):
     offset = (dragged[0] + dragged[2] - target[0] - target[2], target[1] - dragged[1])
     park()
     terminal.activate()
-    docks(offset)
+    docks(offset=offset)
     terminal.move(120, 240)
     wait(lambda: terminal.frame()[0] < 190, "the terminal moves")
-    docks(offset)
+    docks(offset=offset)
     expect(tarnwick.quit() == 0, "it ends well")
     terminal.activate()
     tarnwick.start("--background")
-    docks(offset)
+    docks(offset=offset)
     say(f"keeps the dragged offset {offset}, also after a restart")
 
     # a value that is none

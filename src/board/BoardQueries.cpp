@@ -5,6 +5,7 @@
 #include "board/TextSearch.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QSet>
 
 #include <algorithm>
@@ -111,20 +112,36 @@ BurnCountdown burnCountdown(int count, const QDateTime& now, const Calendar& cal
 }
 
 QStringList boards(const TaskList& tasks, const QStringList& kept) {
+  struct Use {
+    QString name;
+    bool isOpen = false;  // a note on it is neither finished nor burned
+  };
+  std::vector<Use> uses;  // by first use
+  QHash<QString, size_t> places;
+  size_t last = 0;
+  for (auto task = tasks.rbegin(); task != tasks.rend(); ++task) {
+    const QString name = (*task)->board();
+    // Notes of one board mostly follow one another.
+    if (uses.empty() || uses[last].name != name) {
+      const auto found = places.constFind(name);
+      last = found == places.cend() ? uses.size() : *found;
+      if (last == uses.size()) {
+        places.insert(name, last);
+        uses.push_back({name});
+      }
+    }
+    uses[last].isOpen = uses[last].isOpen || (!(*task)->isCompleted() && !(*task)->isBurned());
+  }
   QStringList names{kAllBoards, kFocusBoard, kDefaultBoard};
   QSet<QString> seen(names.begin(), names.end());
   seen.insert(QString());
-  QSet<QString> unfinished;
-  for (const TaskPtr& task : tasks) {
-    if (!task->isCompleted() && !task->isBurned()) unfinished.insert(task->board());
-  }
   const auto add = [&](const QString& name) {
     if (seen.contains(name)) return;
     seen.insert(name);
     names.append(name);
   };
-  for (auto task = tasks.rbegin(); task != tasks.rend(); ++task) {
-    if (const QString name = (*task)->board(); unfinished.contains(name)) add(name);
+  for (const Use& use : uses) {
+    if (use.isOpen) add(use.name);
   }
   std::ranges::for_each(kept, add);
   return names;

@@ -29,6 +29,32 @@ int count(const TaskList& tasks, bool (*isCounted)(const Task&)) {
   return static_cast<int>(std::ranges::count_if(tasks, [&](const TaskPtr& task) { return isCounted(*task); }));
 }
 
+template <class Predicate>
+TaskList only(const TaskList& tasks, const Predicate& isWanted) {
+  TaskList wanted;
+  std::ranges::copy_if(tasks, std::back_inserter(wanted), [&](const TaskPtr& task) { return isWanted(*task); });
+  return wanted;
+}
+
+// Whether a note is on the board, of the tag and with the words that are wanted.
+class Match {
+ public:
+  Match(const BoardFilter& filter, const Calendar& calendar)
+      : m_filter(filter),
+        m_search(filter.search, calendar.locale()),
+        m_isTagged(filter.showTags == TagFilter::On && filter.selectedTag != TaskTag::none) {}
+
+  [[nodiscard]] bool isOf(const Task& task) const {
+    if (m_isTagged && task.tag() != m_filter.selectedTag) return false;
+    return isOnBoard(task, m_filter.selectedBoard) && m_search.isIn(task.text());
+  }
+
+ private:
+  const BoardFilter& m_filter;
+  TextSearch m_search;
+  bool m_isTagged;
+};
+
 }  // namespace
 
 TaskList newestFirst(TaskList tasks) {
@@ -50,24 +76,16 @@ TaskList newestFirst(TaskList tasks) {
 }
 
 TaskList matchingTasks(const TaskList& tasks, const BoardFilter& filter, const Calendar& calendar) {
-  const TextSearch search(filter.search, calendar.locale());
-  const bool isTagFiltered = filter.showTags == TagFilter::On && filter.selectedTag != TaskTag::none;
-  TaskList matching;
-  for (const TaskPtr& task : tasks) {
-    if (!isOnBoard(*task, filter.selectedBoard) || !search.isIn(task->text())) continue;
-    if (isTagFiltered && task->tag() != filter.selectedTag) continue;
-    matching.push_back(task);
-  }
-  return matching;
+  const Match match(filter, calendar);
+  return only(tasks, [&](const Task& task) { return match.isOf(task); });
 }
 
 TaskList activeTasks(const TaskList& tasks, const BoardFilter& filter, const QDateTime& now, const Calendar& calendar) {
   const QDateTime tomorrow = Task::startOfTomorrow(now, calendar);
-  TaskList shown;
-  std::ranges::copy_if(tasks, std::back_inserter(shown), [&](const TaskPtr& task) {
-    return !task->isCompleted() && !task->isBurned() && !task->isSleeping(tomorrow);
+  const Match match(filter, calendar);
+  TaskList shown = only(tasks, [&](const Task& task) {
+    return !task.isCompleted() && !task.isBurned() && !task.isSleeping(tomorrow) && match.isOf(task);
   });
-  shown = matchingTasks(shown, filter, calendar);
   if (filter.gitRoot) {
     std::ranges::stable_partition(shown, [&](const TaskPtr& task) { return task->record().gitRepoPath == filter.gitRoot; });
   }
@@ -79,9 +97,7 @@ int completedTasksCount(const TaskList& tasks) {
 }
 
 TaskList burnedTasks(const TaskList& tasks) {
-  TaskList burned;
-  std::ranges::copy_if(tasks, std::back_inserter(burned), [](const TaskPtr& task) { return task->isBurned(); });
-  return burned;
+  return only(tasks, [](const Task& task) { return task.isBurned(); });
 }
 
 int burnableTonight(const TaskList& tasks) { return count(tasks, isBurnable); }
@@ -111,7 +127,7 @@ BurnCountdown burnCountdown(int count, const QDateTime& now, const Calendar& cal
   return countdown;
 }
 
-QStringList boards(const TaskList& tasks, const QStringList& kept) {
+QStringList boards(const TaskList& tasks) {
   struct Use {
     QString name;
     bool isOpen = false;  // a note on it is neither finished nor burned
@@ -133,17 +149,17 @@ QStringList boards(const TaskList& tasks, const QStringList& kept) {
     uses[last].isOpen = uses[last].isOpen || (!(*task)->isCompleted() && !(*task)->isBurned());
   }
   QStringList names{kAllBoards, kFocusBoard, kDefaultBoard};
-  QSet<QString> seen(names.begin(), names.end());
-  seen.insert(QString());
-  const auto add = [&](const QString& name) {
-    if (seen.contains(name)) return;
-    seen.insert(name);
-    names.append(name);
-  };
+  const QSet<QString> reserved{QString(), kAllBoards, kFocusBoard, kDefaultBoard};
   for (const Use& use : uses) {
-    if (use.isOpen) add(use.name);
+    if (use.isOpen && !reserved.contains(use.name)) names.append(use.name);
   }
-  std::ranges::for_each(kept, add);
+  return names;
+}
+
+QStringList withKept(QStringList names, const QStringList& kept) {
+  for (const QString& name : kept) {
+    if (!name.isEmpty() && !names.contains(name)) names.append(name);
+  }
   return names;
 }
 

@@ -24,6 +24,7 @@ struct BoardFilter {
   TagFilter showTags = TagFilter::Off;  // off: selectedTag has no effect
   TaskTag selectedTag = TaskTag::none;
   std::optional<QString> gitRoot{};     // of the current context; its notes come first
+  bool operator==(const BoardFilter&) const = default;
 };
 
 /// Newest first; notes of one moment by their ids, so that the order is the same at each draw.
@@ -51,8 +52,9 @@ struct BurnCountdown {
 /// "45m", "2h 5m".
 [[nodiscard]] QString countdownDuration(int minutes);
 
-/// The tab row: All, Focus, General, then the boards of unfinished notes in order of first use, then those of `kept`
-/// (the selected one, one just added) that are not among them.
-[[nodiscard]] QStringList boards(const TaskList& tasks, const QStringList& kept = {});
+/// The tab row: All, Focus, General, then the boards of unfinished notes in order of first use.
+[[nodiscard]] QStringList boards(const TaskList& tasks);
+/// The tabs followed by those kept without a note: the selected one, one just added.
+[[nodiscard]] QStringList withKept(QStringList names, const QStringList& kept);
 
 }  // namespace tarnwick

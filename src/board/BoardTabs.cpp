@@ -34,6 +34,7 @@ void BoardTabs::setTabs(const QStringList& names, const QString& selected) {
   const auto index = std::max<qsizetype>(0, names.indexOf(selected));
   if (names == m_names && index == current()) return;
   m_names = names;
+  m_widths.clear();
   updateGeometry();
   setCurrent(static_cast<int>(index));
   reveal(current());
@@ -48,9 +49,17 @@ QString BoardTabs::itemName(int index) const {
 }
 
 double BoardTabs::widthOf(int index) const {
-  const QFontMetricsF metrics(tokens::font(tokens::Type::RowTitle));
-  const double text = std::min(kMaxText, std::ceil(metrics.horizontalAdvance(itemName(index))));
-  return text + 2 * kPadding + (m_names[index] == kFocusBoard ? kTally + kTallyGap : 0);
+  const QFont font = tokens::font(tokens::Type::RowTitle);
+  if (m_widths.size() != m_names.size() || m_measured != font) {
+    m_measured = font;
+    m_widths.clear();
+    const QFontMetricsF metrics(font);
+    for (int i = 0; i < count(); ++i) {
+      const double text = std::min(kMaxText, std::ceil(metrics.horizontalAdvance(itemName(i))));
+      m_widths.append(text + 2 * kPadding + (m_names[i] == kFocusBoard ? kTally + kTallyGap : 0));
+    }
+  }
+  return m_widths[index];
 }
 
 int BoardTabs::contentWidth() const {

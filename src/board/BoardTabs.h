@@ -4,6 +4,8 @@
 
 #include "board/ChoiceRow.h"
 
+#include <QFont>
+#include <QList>
 #include <QStringList>
 
 namespace tarnwick {
@@ -36,6 +38,9 @@ class BoardTabs final : public ChoiceRow {
   void reveal(int index);
 
   QStringList m_names;
+  // Measured once: every paint asks for each.
+  mutable QList<double> m_widths;
+  mutable QFont m_measured;
   double m_offset = 0;
 };
 

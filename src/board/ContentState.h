@@ -66,6 +66,17 @@ struct ContentView::Content {
 
   TaskList tasks;   // newest first
   TaskList active;  // on the wall
+  struct Choice {
+    BoardFilter filter;
+    QDateTime tomorrow;
+    bool operator==(const Choice&) const = default;
+  };
+  std::optional<Choice> choice;  // what `active` was chosen by
+  // What follows from the notes alone; found once for each time they change.
+  TaskList burned;
+  QStringList usedBoards;
+  int completed = 0;
+  int burnable = 0;
   QString selectedBoard = kAllBoards;
   QStringList addedBoards;
   bool showBurned = false;

@@ -39,6 +39,11 @@ void ContentView::Content::reload() {
   pendingReload.cancel();
   isStale = false;
   tasks = newestFirst(services.container.mainContext().fetchTasks());
+  choice.reset();
+  burned = burnedTasks(tasks);
+  usedBoards = boards(tasks);
+  completed = completedTasksCount(tasks);
+  burnable = burnableTonight(tasks);
   refresh();
 }
 
@@ -64,15 +69,17 @@ void ContentView::Content::refresh() {
   filter.showTags = showTags ? TagFilter::On : TagFilter::Off;
   filter.selectedTag = selectedTag;
   filter.gitRoot = services.context.snapshot().gitRoot;
-  active = activeTasks(tasks, filter, now, calendar);
+  if (const Choice wanted{filter, Task::startOfTomorrow(now, calendar)}; choice != wanted) {
+    active = activeTasks(tasks, filter, now, calendar);
+    choice = wanted;
+  }
   wall->setMark(showSearch ? search : QString());
   wall->setNotes(active);
   wall->setEmptyText(active.empty() && isFiltered() ? ContentView::tr("No notes match.") : QString());
   rail->setTabs(boardNames(), selectedBoard);
   const auto mode = fromRawValue<NoteDisplayMode>(services.defaults.text(keys::kNoteDisplayMode).value_or(QString()));
   rail->setDisplayMode(mode.value_or(NoteDisplayMode::alwaysOnTop));
-  const TaskList burned = burnedTasks(tasks);
-  slip->setStats({completedTasksCount(tasks), static_cast<int>(burned.size()), static_cast<int>(active.size())});
+  slip->setStats({completed, static_cast<int>(burned.size()), static_cast<int>(active.size())});
   if (showBurned) ashes->setBurned(burned);
   const auto release = services.updates.bannerRelease();
   if (release) banner->setVersion(release->version);
@@ -84,9 +91,9 @@ void ContentView::Content::refreshClock() {
   const QDateTime now = services.clock.now();
   const Calendar calendar = Calendar::of(services.clock);
   const DailyBurn burns = dailyBurn(services.defaults);
-  const int burnable = burns == DailyBurn::On ? burnableTonight(tasks) : 0;
-  rail->setCountdown(burnable, burnCountdown(burnable, now, calendar));
-  burnedLastNight = ashesFromLastNight(tasks, now, calendar);
+  const int burning = burns == DailyBurn::On ? burnable : 0;
+  rail->setCountdown(burning, burnCountdown(burning, now, calendar));
+  burnedLastNight = ashesFromLastNight(burned, now, calendar);
   strip->setCount(burnedLastNight);
   nudge->setNudge(planNudge(now, calendar, burns), PlanNudgeView::skyAt(calendar.hour(now)));
   const auto mood = fromRawValue<BoardMood>(services.defaults.text(keys::kBoardMood).value_or(QString()));
@@ -105,9 +112,7 @@ void ContentView::Content::armMinute() {
 }
 
 QStringList ContentView::Content::boardNames() const {
-  QStringList kept = addedBoards;
-  if (!kept.contains(selectedBoard)) kept.append(selectedBoard);
-  return boards(tasks, kept);
+  return withKept(usedBoards, addedBoards + QStringList{selectedBoard});
 }
 
 NoteDraft ContentView::Content::blankDraft() const {
@@ -184,7 +189,7 @@ void ContentView::Content::openAshes() {
   if (showBurned) return;
   crossFade([&] {
     showBurned = true;
-    ashes->setBurned(burnedTasks(tasks));
+    ashes->setBurned(burned);
     layOut();
   });
   ashes->takeFocus();
@@ -205,7 +210,8 @@ void ContentView::Content::revive(const TaskPtr& task) {
 }
 
 void ContentView::Content::sweep() {
-  (void)sweepNotes(services.container.mainContext(), burnedTasks(tasks), services.torn ? services.torn() : nullptr,
+  const TaskList gone = burned;  // the save empties the list
+  (void)sweepNotes(services.container.mainContext(), gone, services.torn ? services.torn() : nullptr,
                    services.defaults);
   ashes->takeFocus();
 }

@@ -2,21 +2,13 @@
 #include "board/NoteWall.h"
 
 #include "board/NoteWallAccessible.h"
-#include "effects/BoardSurfaceView.h"
-#include "effects/PixmapCache.h"
-#include "effects/Tokens.h"
-#include "model/Color.h"
 #include "model/NotificationCenter.h"
 #include "platform/Clock.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
 #include "platform/Workspace.h"
 
-#include <QPainter>
-#include <QPainterPath>
-
 #include <cmath>
-#include <numbers>
 
 namespace tarnwick {
 namespace {
@@ -24,7 +16,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr double kBottomSpace = 14;
-constexpr double kSpill = 38;  // how far a tilted card's shadow, ring and flag reach beyond its paper
 constexpr auto kBreathTick = 83ms;
 constexpr double kBreathPeriod = 2.4;
 
@@ -46,18 +37,20 @@ NoteWall::~NoteWall() {
 }
 
 void NoteWall::setNotes(const TaskList& notes) {
-  m_notes = notes;
-  m_indexes.clear();
-  m_indexes.reserve(static_cast<int>(notes.size()));
-  for (int i = 0; i < static_cast<int>(notes.size()); ++i)
-    m_indexes.insert(notes[static_cast<std::size_t>(i)]->id(), i);
-  if (m_hover && !m_indexes.contains(*m_hover)) m_hover.reset();
-  if (m_press && !m_indexes.contains(m_press->id)) cancelPress();
-  dropDistantCards();
+  if (notes != m_notes) {
+    m_notes = notes;
+    m_indexes.clear();
+    m_indexes.reserve(static_cast<int>(notes.size()));
+    for (int i = 0; i < static_cast<int>(notes.size()); ++i)
+      m_indexes.insert(notes[static_cast<std::size_t>(i)]->id(), i);
+    if (m_hover && !m_indexes.contains(*m_hover)) m_hover.reset();
+    if (m_press && !m_indexes.contains(m_press->id)) cancelPress();
+    dropDistantCards();
+    NoteWallAccessible::notesChanged(*this);
+  }
   for (auto& [id, card] : m_cards) card->refresh();
   scrollTo(m_offset);
   updateBreath();
-  NoteWallAccessible::notesChanged(*this);
   update();
 }
 
@@ -105,7 +98,8 @@ void NoteWall::refreshCards() {
 void NoteWall::prepare() {
   const auto [first, last] = visibleRange();
   for (int i = first; i <= last; ++i) {
-    (void)card(m_notes[static_cast<std::size_t>(i)]->id())->pixmap(PaperLift::Rest, devicePixelRatioF());
+    auto& shown = *card(m_notes[static_cast<std::size_t>(i)]->id());
+    (void)shown.posed(angleOf(shown), devicePixelRatioF());
   }
 }
 
@@ -215,9 +209,9 @@ QPointF NoteWall::toCard(int index, const QPointF& point) const {
   const auto found = m_cards.find(m_notes[static_cast<std::size_t>(index)]->id());
   const double angle = found == m_cards.end() ? 0 : angleOf(*found->second);
   QTransform transform;
-  transform.translate(rect.width() * 0.5, rect.height() * 0.4);
+  transform.translate(TaskStickyCard::pivot().x(), TaskStickyCard::pivot().y());
   transform.rotate(angle);
-  transform.translate(-rect.width() * 0.5, -rect.height() * 0.4);
+  transform.translate(-TaskStickyCard::pivot().x(), -TaskStickyCard::pivot().y());
   return transform.inverted().map(point - rect.topLeft());
 }
 
@@ -322,117 +316,6 @@ void NoteWall::reveal(int index) {
   m_scroll.jumpTo(m_offset);
   m_scroll.start(wanted, m_services.clock.mediaTime(), 120ms);
   runFrames();
-}
-
-void NoteWall::paintEvent(QPaintEvent* event) {
-  QPainter painter(this);
-  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  painter.setLayoutDirection(layoutDirection());
-  QPainterPath clip;
-  clip.addRoundedRect(QRectF(-pos(), QSizeF(parentWidget() ? parentWidget()->size() : size())).adjusted(1, 1, -1, -1),
-                      BoardSurfaceView::kRadius - 1, BoardSurfaceView::kRadius - 1);
-  painter.setClipPath(clip);
-  painter.setClipRect(event->rect(), Qt::IntersectClip);
-
-  if (m_notes.empty() && !m_emptyText.isEmpty()) {
-    const QRectF free(0, m_topInset, width(), height() - m_topInset - m_bottomInset);
-    painter.setFont(tokens::font(tokens::Type::Body));
-    painter.setPen(QColor::fromRgb(tokens::kText3));
-    painter.drawText(free.adjusted(kEdge, 0, -kEdge, -free.height() * 0.2), Qt::AlignCenter | Qt::TextWordWrap,
-                     m_emptyText);
-  }
-
-  const auto now = m_services.clock.mediaTime();
-  const auto [first, last] = visibleRange();
-  int raised = -1;
-  for (int pass = 0; pass < 2; ++pass) {
-    for (int i = first; i <= last; ++i) {
-      const QRectF rect = cardRect(i);
-      if (!rect.adjusted(-kSpill, -kSpill, kSpill, kSpill).intersects(event->rect())) continue;
-      const QUuid& id = m_notes[static_cast<std::size_t>(i)]->id();
-      if (isLifted(id) != (pass == 1)) continue;  // what is lifted lies over its neighbours
-      raised = i;
-      paintCard(painter, i, *card(id), now);
-    }
-  }
-  if (raised >= 0 || first <= last) updateBreath();
-
-  if (m_offset > 0.5) {
-    QLinearGradient shade(0, 0, 0, 10);
-    shade.setColorAt(0, tokens::black(0.30 * std::min(1.0, m_offset / 10)));
-    shade.setColorAt(1, tokens::black(0));
-    painter.fillRect(QRectF(0, 0, width(), 10), shade);
-  }
-  if (maxOffset() > 0 && m_hasPointer) {
-    const double room = height() - m_bottomInset - 24;
-    const double length = std::max(24.0, room * height() / contentHeight());
-    const double top = 8 + (room - length) * m_offset / maxOffset();
-    const double x = layoutDirection() == Qt::RightToLeft ? 4 : width() - 7;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(tokens::white(m_isThumbHeld ? 0.45 : 0.25));
-    painter.drawRoundedRect(QRectF(x, top, 3, length), 1.5, 1.5);
-  }
-}
-
-void NoteWall::paintCard(QPainter& painter, int index, TaskStickyCard& card, Glide::Time now) {
-  const double opacity = card.opacity.at(now);
-  if (opacity <= 0) return;
-  const QRectF rect = cardRect(index);
-  const QUuid& id = card.task()->id();
-  const double lift = card.lift.at(now);
-  const CardFace& face = card.face();
-  const double scale = deviceScale(painter);
-  const bool isDragged = m_press && m_press->isDragging && m_press->id == id;
-
-  painter.save();
-  painter.setOpacity(opacity * (isDragged ? 0.35 : 1.0));
-  const bool isHovered = m_hover == id;
-  painter.translate(rect.left(), rect.top() - (isHovered ? 2 * lift : 0));
-  painter.translate(rect.width() * 0.5, rect.height() * 0.4);
-  painter.rotate(angleOf(card));
-  painter.translate(-rect.width() * 0.5, -rect.height() * 0.4);
-  const QPointF corner(-CardFace::kMargin, -CardFace::kMargin);
-  const double full = painter.opacity();
-  if (lift < 1) painter.drawPixmap(corner, card.pixmap(PaperLift::Rest, scale));
-  if (lift > 0) {
-    painter.setOpacity(full * lift);
-    painter.drawPixmap(corner, card.pixmap(PaperLift::Raised, scale));
-    painter.setOpacity(full);
-  }
-  if (face.isSmoldering) {
-    const double wave =
-        m_services.workspace.isMotionReduced() ? 0.5 : 0.5 + 0.5 * std::sin(2 * std::numbers::pi * m_breathPhase);
-    face.sheet(PaperLift::Rest).paintEmberGlow(painter, 0.55 + 0.40 * wave);
-  }
-  const bool isCircleHot = isHovered && m_hotPart == CardPart::Circle;
-  const bool isCircleHeld = m_press && m_press->id == id && m_press->hit.part == CardPart::Circle && isCircleHot;
-  CardParts::paintCrushCircle(painter, face.circleCenter(), CardFace::kCircleDiameter, face.ink(),
-                              isCircleHeld  ? CircleState::Pressed
-                              : isCircleHot ? CircleState::Hover
-                                            : CircleState::Rest);
-  if (const double tools = card.tools.at(now); tools > 0) {
-    static const QStringList kSymbols{QStringLiteral("pencil"), QStringLiteral("drop"), QStringLiteral("tally"),
-                                      QStringLiteral("tear")};
-    int hot = -1;
-    if (isHovered && m_hotPart >= CardPart::Edit) hot = static_cast<int>(m_hotPart) - static_cast<int>(CardPart::Edit);
-    painter.setOpacity(full * tools);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Color::fromHex(face.colorHex));  // nothing of the foot shines through
-    painter.drawRoundedRect(face.hoverBarRect(), 8, 8);
-    CardParts::paintHoverBar(painter, face.hoverBarRect(), face.ink(), kSymbols, hot, 8);
-    painter.setOpacity(full);
-  }
-  if (m_selection == id) {
-    const QRectF ring = QRectF(0, 0, rect.width(), rect.height()).adjusted(-4, -4, 4, 4);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(tokens::black(0.55), 1));
-    painter.drawRoundedRect(ring.adjusted(-1.5, -1.5, 1.5, 1.5), 9.5, 9.5);
-    painter.setPen(QPen(tokens::black(0.35), 1));
-    painter.drawRoundedRect(ring.adjusted(1.5, 1.5, -1.5, -1.5), 6.5, 6.5);
-    painter.setPen(QPen(Qt::white, 2));
-    painter.drawRoundedRect(ring, 8, 8);
-  }
-  painter.restore();
 }
 
 }  // namespace tarnwick

@@ -24,6 +24,8 @@ class NoteWall final : public QWidget {
  public:
   static constexpr int kColumns = 2;
   static constexpr double kEdge = 14;
+  /// How far a tilted card's shadow, ring and flag reach beyond its paper.
+  static constexpr double kSpill = 38;
   static constexpr double kColumnGap = 12;
   static constexpr double kRowPitch = 124;
   static constexpr double kFirstRow = 12;
@@ -101,6 +103,8 @@ class NoteWall final : public QWidget {
   [[nodiscard]] TaskStickyCard::Appearance appearance() const;
   void dropDistantCards();
   void paintCard(QPainter& painter, int index, TaskStickyCard& card, Glide::Time now);
+  void paintLifted(QPainter& painter, TaskStickyCard& card, double lift);
+  void paintControls(QPainter& painter, const TaskStickyCard& card, Glide::Time now);
   void updateCard(const QUuid& id);
   void setHover(const std::optional<QUuid>& id);
   void setHotPart(CardPart part);

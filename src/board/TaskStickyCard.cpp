@@ -2,6 +2,7 @@
 #include "board/TaskStickyCard.h"
 
 #include "board/CardRules.h"
+#include "effects/PixmapCache.h"
 #include "effects/SoundEngine.h"
 #include "model/Color.h"
 #include "model/StickyChecklist.h"
@@ -10,36 +11,33 @@
 #include "platform/Workspace.h"
 
 #include <QImage>
+#include <QPainter>
 
 #include <cmath>
 
 namespace tarnwick {
-namespace {
-
-QImage paperOf(const QPixmap& pixmap) {
-  if (pixmap.isNull()) return {};
-  const double scale = pixmap.devicePixelRatio();
-  const QRectF paper(CardFace::kMargin * scale, CardFace::kMargin * scale, CardFace::kWidth * scale,
-                     CardFace::kHeight * scale);
-  QImage image = pixmap.toImage().copy(paper.toRect());
-  image.setDevicePixelRatio(scale);
-  return image;
-}
-
-}  // namespace
-
 TaskStickyCard::TaskStickyCard(const BoardServices& services, TaskPtr task, std::function<DesktopRect()> screenFrame,
                                QObject* parent)
     : QObject(parent),
       m_services(services),
       m_task(std::move(task)),
-      m_crush(services, m_task,
-              NoteCrush::Card{std::move(screenFrame),
-                              [this] { return paperOf(m_raised.pixmap.isNull() ? m_rest.pixmap : m_raised.pixmap); }}) {
+      m_crush(services, m_task, NoteCrush::Card{std::move(screenFrame), [this] { return paper(); }}) {
   connect(&m_crush, &NoteCrush::isCrushingChanged, this, &TaskStickyCard::crushingChanged);
   connect(&m_crush, &NoteCrush::aborted, this, &TaskStickyCard::crushAborted);
   m_face = currentFace();
   m_faceKey = m_face.key();
+}
+
+QImage TaskStickyCard::paper() const {
+  QPixmap face = m_raised.pixmap.isNull() ? m_rest.pixmap : m_raised.pixmap;
+  if (face.isNull() && !m_posed.pixmap.isNull()) face = m_face.pixmap(PaperLift::Rest, m_posed.scale);
+  if (face.isNull()) return {};
+  const double scale = face.devicePixelRatio();
+  const QRectF sheet(CardFace::kMargin * scale, CardFace::kMargin * scale, CardFace::kWidth * scale,
+                     CardFace::kHeight * scale);
+  QImage image = face.toImage().copy(sheet.toRect());
+  image.setDevicePixelRatio(scale);
+  return image;
 }
 
 double TaskStickyCard::naturalAngle() const {
@@ -130,6 +128,7 @@ bool TaskStickyCard::refresh() {
   m_faceKey = std::move(key);
   m_rest = {};
   m_raised = {};
+  m_posed = {};
   m_body.reset();
   return true;
 }
@@ -138,6 +137,25 @@ const QPixmap& TaskStickyCard::pixmap(PaperLift paperLift, double scale) {
   Cached& cached = paperLift == PaperLift::Raised ? m_raised : m_rest;
   if (cached.pixmap.isNull() || cached.scale != scale) cached = {m_face.pixmap(paperLift, scale), scale};
   return cached.pixmap;
+}
+
+const TaskStickyCard::Posed& TaskStickyCard::posed(double angle, double scale) {
+  if (!m_posed.pixmap.isNull() && m_posed.angle == angle && m_posed.scale == scale) return m_posed;
+  QTransform turn;
+  turn.translate(pivot().x(), pivot().y());
+  turn.rotate(angle);
+  turn.translate(-pivot().x(), -pivot().y());
+  constexpr double kMargin = CardFace::kMargin;
+  const QRectF face(-kMargin, -kMargin, CardFace::kWidth + 2 * kMargin, CardFace::kHeight + 2 * kMargin);
+  const QRect bounds = turn.mapRect(face).toAlignedRect();
+  m_posed = {clearPixmap(bounds.size(), scale), bounds.topLeft(), angle, scale};
+  QPainter painter(&m_posed.pixmap);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  painter.translate(-bounds.topLeft());
+  painter.setTransform(turn, true);
+  painter.drawPixmap(face.topLeft(), m_face.pixmap(PaperLift::Rest, scale));
+  CardParts::paintCrushCircle(painter, m_face.circleCenter(), CardFace::kCircleDiameter, m_face.ink(), CircleState::Rest);
+  return m_posed;
 }
 
 TaskStickyCard::Hit TaskStickyCard::hit(const QPointF& point) const {

@@ -58,6 +58,17 @@ class TaskStickyCard final : public QObject {
   [[nodiscard]] const CardFace& face() const { return m_face; }
   /// Cached per lift and scale.
   [[nodiscard]] const QPixmap& pixmap(PaperLift lift, double scale);
+  /// A card at rest as it hangs on the wall, turned about `pivot()` by degrees; its corner in the card's own coordinates.
+  struct Posed {
+    QPixmap pixmap;
+    QPointF corner;
+    double angle = 0;
+    double scale = 0;
+  };
+  /// Cached per angle and scale.
+  [[nodiscard]] const Posed& posed(double angle, double scale);
+  /// Where the pin is that a card turns about.
+  [[nodiscard]] static QPointF pivot() { return {CardFace::kWidth * 0.5, CardFace::kHeight * 0.4}; }
   /// A point in the card's own coordinates, upright.
   [[nodiscard]] Hit hit(const QPointF& point) const;
   [[nodiscard]] QString accessibleName() const;
@@ -75,6 +86,7 @@ class TaskStickyCard final : public QObject {
 
  private:
   [[nodiscard]] CardFace currentFace() const;
+  [[nodiscard]] QImage paper() const;
   void save();
 
   const BoardServices& m_services;
@@ -90,6 +102,7 @@ class TaskStickyCard final : public QObject {
   };
   Cached m_rest;
   Cached m_raised;
+  Posed m_posed;
 };
 
 }  // namespace tarnwick

@@ -2,6 +2,7 @@
 #include "effects/ControlHalo.h"
 
 #include "effects/Controls.h"
+#include "effects/PixmapCache.h"
 #include "effects/SoftShadow.h"
 
 #include <QEvent>
@@ -63,9 +64,18 @@ void ControlHalo::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   const QRectF control = QRectF(rect()).adjusted(kReach, kReach, -kReach, -kReach);
   if (m_look.shadowAlpha > 0 && m_control.isEnabled()) {
-    paintBoxShadow(painter, control, m_look.topRadius, m_look.bottomRadius, 1, .8, .35);
-    paintBoxShadow(painter, control, m_look.topRadius, m_look.bottomRadius, m_look.shadowOffset, m_look.shadowSigma,
-                   m_look.shadowAlpha);
+    static PixmapCache shadows(2048);
+    const Look& look = m_look;
+    QString key;
+    for (const double value : {double(width()), double(height()), look.topRadius, look.bottomRadius, look.shadowOffset,
+                               look.shadowSigma, look.shadowAlpha}) {
+      key += QString::number(value) + QLatin1Char(' ');
+    }
+    paintCached(painter, shadows, key, rect(), [&](QPainter& inside) {
+      paintBoxShadow(inside, control, look.topRadius, look.bottomRadius, 1, .8, .35);
+      paintBoxShadow(inside, control, look.topRadius, look.bottomRadius, look.shadowOffset, look.shadowSigma,
+                     look.shadowAlpha);
+    });
   }
   if (m_control.hasFocus()) {
     const double out = m_look.ringOffset + 2;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "effects/Controls.h"
 
+#include "effects/PixmapCache.h"
 #include "effects/SoftShadow.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
@@ -21,21 +22,23 @@ void paintFocusRing(QPainter& painter, const QRectF& rect, double radius) {
 }
 
 void paintPaperLabel(QPainter& painter, const QRectF& rect, double radius, double angle) {
-  painter.save();
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(rect.center());
-  painter.rotate(angle);
-  const QRectF label(-rect.width() / 2, -rect.height() / 2, rect.width(), rect.height());
-  const double top = radius * .6;
-  paintBoxShadow(painter, label, top, radius, 1, .6, .35);
-  paintBoxShadow(painter, label, top, radius, 3, 3, .28);
-  QLinearGradient paper(label.topLeft(), label.bottomLeft());
-  paper.setColorAt(0, QColor(tokens::kLabelTop));
-  paper.setColorAt(1, QColor(tokens::kLabelBottom));
-  painter.fillPath(roundedBox(label, top, radius), paper);
-  painter.setPen(QPen(tokens::white(.8), 1));
-  painter.drawLine(QPointF(label.left() + top, label.top() + .5), QPointF(label.right() - top, label.top() + .5));
-  painter.restore();
+  static PixmapCache labels(1024);
+  constexpr double kReach = 12;  // of the shadow
+  const QString key = QStringLiteral("%1x%2 %3 %4").arg(rect.width()).arg(rect.height()).arg(radius).arg(angle);
+  paintCached(painter, labels, key, rect.adjusted(-kReach, -kReach, kReach, kReach), [&](QPainter& inside) {
+    inside.translate(rect.width() / 2 + kReach, rect.height() / 2 + kReach);
+    inside.rotate(angle);
+    const QRectF label(-rect.width() / 2, -rect.height() / 2, rect.width(), rect.height());
+    const double top = radius * .6;
+    paintBoxShadow(inside, label, top, radius, 1, .6, .35);
+    paintBoxShadow(inside, label, top, radius, 3, 3, .28);
+    QLinearGradient paper(label.topLeft(), label.bottomLeft());
+    paper.setColorAt(0, QColor(tokens::kLabelTop));
+    paper.setColorAt(1, QColor(tokens::kLabelBottom));
+    inside.fillPath(roundedBox(label, top, radius), paper);
+    inside.setPen(QPen(tokens::white(.8), 1));
+    inside.drawLine(QPointF(label.left() + top, label.top() + .5), QPointF(label.right() - top, label.top() + .5));
+  });
 }
 
 void styleMenu(QMenu& menu) {

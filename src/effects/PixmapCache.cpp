@@ -58,4 +58,23 @@ double deviceScale(const QPainter& painter) {
   return painter.device() == nullptr ? 1.0 : painter.device()->devicePixelRatioF();
 }
 
+QPointF onPixel(const QPointF& point, const QPainter& painter) {
+  const QTransform& toDevice = painter.deviceTransform();
+  const QPointF device = toDevice.map(point);
+  return toDevice.inverted().map(QPointF(std::round(device.x()), std::round(device.y())));
+}
+
+void paintCached(QPainter& painter, PixmapCache& cache, const QString& key, const QRectF& box,
+                 const std::function<void(QPainter&)>& paint) {
+  const double scale = deviceScale(painter);
+  const QPixmap picture = cache.fetch(key + QLatin1Char('@') + QString::number(scale), [&] {
+    QPixmap made = clearPixmap(box.size(), scale);
+    QPainter inside(&made);
+    inside.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    paint(inside);
+    return made;
+  });
+  painter.drawPixmap(onPixel(box.topLeft(), painter), picture);
+}
+
 }  // namespace tarnwick

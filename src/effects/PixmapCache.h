@@ -32,4 +32,11 @@ class PixmapCache {
 /// Device pixels per device-independent pixel of what is painted on.
 [[nodiscard]] double deviceScale(const QPainter& painter);
 
+/// A point of the painter moved onto the nearest device pixel: a picture drawn between two is blurred.
+[[nodiscard]] QPointF onPixel(const QPointF& point, const QPainter& painter);
+/// Draws what fills a box: painted once per key and scale, with the box's corner as its origin, and one ready picture from
+/// then on. For a painter that is neither turned nor scaled.
+void paintCached(QPainter& painter, PixmapCache& cache, const QString& key, const QRectF& box,
+                 const std::function<void(QPainter&)>& paint);
+
 }  // namespace tarnwick

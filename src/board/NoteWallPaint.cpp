@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+// How the wall is drawn: a card at rest is one ready picture; only what the pointer or the keys have lifted is put together.
+#include "board/NoteWall.h"
+
+#include "effects/BoardSurfaceView.h"
+#include "effects/PixmapCache.h"
+#include "effects/Tokens.h"
+#include "model/Color.h"
+#include "platform/Clock.h"
+#include "platform/Workspace.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <cmath>
+#include <numbers>
+
+namespace tarnwick {
+namespace {
+
+bool touchesCorner(const QRectF& rect, const QRectF& box, double radius) {
+  const bool isAtSide = rect.left() < box.left() + radius || rect.right() > box.right() - radius;
+  const bool isAtEnd = rect.top() < box.top() + radius || rect.bottom() > box.bottom() - radius;
+  return isAtSide && isAtEnd;
+}
+
+}  // namespace
+
+void NoteWall::paintEvent(QPaintEvent* event) {
+  QPainter painter(this);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  painter.setLayoutDirection(layoutDirection());
+  const QRect board = QRect(-pos(), parentWidget() ? parentWidget()->size() : size()).adjusted(1, 1, -1, -1);
+  constexpr double kRadius = BoardSurfaceView::kRadius - 1;
+  QPainterPath rounded;
+  rounded.addRoundedRect(board, kRadius, kRadius);
+  painter.setClipRect(board & event->rect());
+
+  if (m_notes.empty() && !m_emptyText.isEmpty()) {
+    const QRectF free(0, m_topInset, width(), height() - m_topInset - m_bottomInset);
+    painter.setFont(tokens::font(tokens::Type::Body));
+    painter.setPen(QColor::fromRgb(tokens::kText3));
+    painter.drawText(free.adjusted(kEdge, 0, -kEdge, -free.height() * 0.2), Qt::AlignCenter | Qt::TextWordWrap,
+                     m_emptyText);
+  }
+
+  const auto now = m_services.clock.mediaTime();
+  const auto [first, last] = visibleRange();
+  for (int pass = 0; pass < 2; ++pass) {
+    for (int i = first; i <= last; ++i) {
+      const QRectF rect = cardRect(i).adjusted(-kSpill, -kSpill, kSpill, kSpill);
+      if (!rect.intersects(event->rect())) continue;
+      const QUuid& id = m_notes[static_cast<std::size_t>(i)]->id();
+      if (isLifted(id) != (pass == 1)) continue;  // what is lifted lies over its neighbours
+      painter.save();
+      // Clipping to a path is dear: only where the board is round.
+      if (touchesCorner(rect, board, kRadius)) painter.setClipPath(rounded, Qt::IntersectClip);
+      paintCard(painter, i, *card(id), now);
+      painter.restore();
+    }
+  }
+  if (first <= last) updateBreath();
+
+  if (m_offset > 0.5) {
+    painter.save();
+    painter.setClipPath(rounded, Qt::IntersectClip);
+    QLinearGradient shade(0, 0, 0, 10);
+    shade.setColorAt(0, tokens::black(0.30 * std::min(1.0, m_offset / 10)));
+    shade.setColorAt(1, tokens::black(0));
+    painter.fillRect(QRectF(0, 0, width(), 10), shade);
+    painter.restore();
+  }
+  if (maxOffset() > 0 && m_hasPointer) {
+    const double room = height() - m_bottomInset - 24;
+    const double length = std::max(24.0, room * height() / contentHeight());
+    const double top = 8 + (room - length) * m_offset / maxOffset();
+    const double x = layoutDirection() == Qt::RightToLeft ? 4 : width() - 7;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(tokens::white(m_isThumbHeld ? 0.45 : 0.25));
+    painter.drawRoundedRect(QRectF(x, top, 3, length), 1.5, 1.5);
+  }
+}
+
+void NoteWall::paintCard(QPainter& painter, int index, TaskStickyCard& card, Glide::Time now) {
+  const double opacity = card.opacity.at(now);
+  if (opacity <= 0) return;
+  const QRectF rect = cardRect(index);
+  const QUuid& id = card.task()->id();
+  const double lift = card.lift.at(now);
+  const bool isDragged = m_press && m_press->isDragging && m_press->id == id;
+  painter.setOpacity(opacity * (isDragged ? 0.35 : 1.0));
+  const bool isAtRest = lift <= 0 && !isLifted(id) && card.tools.at(now) <= 0;
+  if (isAtRest) {
+    const auto& posed = card.posed(angleOf(card), deviceScale(painter));
+    painter.drawPixmap(onPixel(rect.topLeft() + posed.corner, painter), posed.pixmap);
+    if (!card.face().isSmoldering) return;
+  }
+  painter.translate(rect.left(), rect.top() - (m_hover == id ? 2 * lift : 0));
+  painter.translate(TaskStickyCard::pivot());
+  painter.rotate(angleOf(card));
+  painter.translate(-TaskStickyCard::pivot());
+  if (!isAtRest) paintLifted(painter, card, lift);
+  if (card.face().isSmoldering) {
+    const double wave =
+        m_services.workspace.isMotionReduced() ? 0.5 : 0.5 + 0.5 * std::sin(2 * std::numbers::pi * m_breathPhase);
+    card.face().sheet(PaperLift::Rest).paintEmberGlow(painter, 0.55 + 0.40 * wave);
+  }
+  if (!isAtRest) paintControls(painter, card, now);
+}
+
+void NoteWall::paintLifted(QPainter& painter, TaskStickyCard& card, double lift) {
+  const QPointF corner(-CardFace::kMargin, -CardFace::kMargin);
+  const double scale = deviceScale(painter);
+  const double full = painter.opacity();
+  if (lift < 1) painter.drawPixmap(corner, card.pixmap(PaperLift::Rest, scale));
+  if (lift > 0) {
+    painter.setOpacity(full * lift);
+    painter.drawPixmap(corner, card.pixmap(PaperLift::Raised, scale));
+    painter.setOpacity(full);
+  }
+}
+
+void NoteWall::paintControls(QPainter& painter, const TaskStickyCard& card, Glide::Time now) {
+  const CardFace& face = card.face();
+  const QUuid& id = card.task()->id();
+  const bool isHovered = m_hover == id;
+  const bool isCircleHot = isHovered && m_hotPart == CardPart::Circle;
+  const bool isCircleHeld = m_press && m_press->id == id && m_press->hit.part == CardPart::Circle && isCircleHot;
+  CardParts::paintCrushCircle(painter, face.circleCenter(), CardFace::kCircleDiameter, face.ink(),
+                              isCircleHeld  ? CircleState::Pressed
+                              : isCircleHot ? CircleState::Hover
+                                            : CircleState::Rest);
+  if (const double tools = card.tools.at(now); tools > 0) {
+    static const QStringList kSymbols{QStringLiteral("pencil"), QStringLiteral("drop"), QStringLiteral("tally"),
+                                      QStringLiteral("tear")};
+    int hot = -1;
+    if (isHovered && m_hotPart >= CardPart::Edit) hot = static_cast<int>(m_hotPart) - static_cast<int>(CardPart::Edit);
+    const double full = painter.opacity();
+    painter.setOpacity(full * tools);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Color::fromHex(face.colorHex));  // nothing of the foot shines through
+    painter.drawRoundedRect(face.hoverBarRect(), 8, 8);
+    CardParts::paintHoverBar(painter, face.hoverBarRect(), face.ink(), kSymbols, hot, 8);
+    painter.setOpacity(full);
+  }
+  if (m_selection == id) {
+    const QRectF ring = QRectF(0, 0, CardFace::kWidth, CardFace::kHeight).adjusted(-4, -4, 4, 4);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(tokens::black(0.55), 1));
+    painter.drawRoundedRect(ring.adjusted(-1.5, -1.5, 1.5, 1.5), 9.5, 9.5);
+    painter.setPen(QPen(tokens::black(0.35), 1));
+    painter.drawRoundedRect(ring.adjusted(1.5, 1.5, -1.5, -1.5), 6.5, 6.5);
+    painter.setPen(QPen(Qt::white, 2));
+    painter.drawRoundedRect(ring, 8, 8);
+  }
+}
+
+}  // namespace tarnwick

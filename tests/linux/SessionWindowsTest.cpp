@@ -160,6 +160,23 @@ TEST_F(OurWindows, RiseWithoutTheKeyboardAndTakeItWhenActivated) {
   EXPECT_TRUE(holdsSoon([&] { return clients.active() == second.id() && second.isActiveWindow(); }));
 }
 
+TEST_F(OurWindows, AreKeptOffTheTaskbarFromTheFirst) {
+  QWidget pane(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+  pane.winId();
+  const auto isListed = [&] {
+    const auto windows = x.clients();
+    return std::find(windows.begin(), windows.end(), static_cast<xcb_window_t>(pane.winId())) != windows.end();
+  };
+  for (const auto* which : {"the first time", "and once more"}) {
+    server.prepare(*pane.windowHandle(), WindowLevel::Floating);
+    pane.show();  // and nothing is asked for afterwards
+    ASSERT_TRUE(holdsSoon(isListed)) << which;
+    EXPECT_TRUE(clients.hasState(static_cast<xcb_window_t>(pane.winId()), "_NET_WM_STATE_SKIP_TASKBAR")) << which;
+    pane.hide();
+    ASSERT_TRUE(holdsSoon([&] { return !isListed(); })) << which;
+  }
+}
+
 TEST_F(OurWindows, FadeAtOnce) {
   Note note(server, WindowLevel::Floating, {100, 100, 200, 120});
   server.setOpacity(note.window(), 0.5);

@@ -77,7 +77,12 @@ X11WindowServer::X11WindowServer()
 void X11WindowServer::prepare(QWindow& window, WindowLevel level) {
   window.setFlags(flagsForLevel(window.flags(), level));
   window.setProperty("_q_showWithoutActivating", true);
-  if (level != WindowLevel::Overlay) giveOwnGroup(m_connection, idOf(window));
+  if (level == WindowLevel::Overlay) return;
+  giveOwnGroup(m_connection, idOf(window));
+  if (window.isVisible()) return;
+  // Asked for once it is there, a panel shows it for a moment first. Qt adds to what a hidden window says.
+  const xcb_atom_t states[] = {m_atoms.skipTaskbar, m_atoms.skipPager};
+  xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, idOf(window), m_atoms.state, XCB_ATOM_ATOM, 32, 2, states);
 }
 
 void X11WindowServer::applyLevel(QWindow& window, WindowLevel level) {

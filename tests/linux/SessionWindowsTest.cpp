@@ -150,6 +150,8 @@ TEST_F(OurWindows, RiseWithoutTheKeyboardAndTakeItWhenActivated) {
   Note second(server, WindowLevel::Floating, {150, 140, 200, 120});
   PeerProgram peer;
   peer.tell("window 500 300 300 200 Front");
+  // By its own word: what it asks for itself as it comes must not arrive after what is asked here.
+  ASSERT_TRUE(peer.says(QStringLiteral("active")));
   ASSERT_TRUE(holdsSoon([&] { return clients.pidOf(clients.active()) == peer.pid(); }));
   server.raiseWithoutActivating(second.window());
   ASSERT_TRUE(holdsSoon([&] { return isAbove(second, first); }));

@@ -25,6 +25,10 @@ class Pane final : public QWidget {
  protected:
   void mousePressEvent(QMouseEvent*) override { say(QStringLiteral("pressed")); }
   void closeEvent(QCloseEvent*) override { say(QStringLiteral("closed")); }
+  void changeEvent(QEvent* event) override {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) say(QStringLiteral("active"));
+  }
 };
 
 class Peer final {

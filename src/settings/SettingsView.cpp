@@ -121,7 +121,8 @@ void SettingsView::fitHeight() {
   m_content->areas[m_content->index()]->setVerticalScrollBarPolicy(wanted > most ? Qt::ScrollBarAsNeeded
                                                                                  : Qt::ScrollBarAlwaysOff);
   // The bar takes its room from the margin: the rows stay as wide and as high as they are without it.
-  if (wanted > most) column.setContentsMargins(kMargins - QMargins(0, 0, kScrollBar, 0));
+  const auto bar = isRightToLeft() ? QMargins(kScrollBar, 0, 0, 0) : QMargins(0, 0, kScrollBar, 0);
+  if (wanted > most) column.setContentsMargins(kMargins - bar);
   setFixedSize(kWidth, std::min(wanted, most));
 }
 

@@ -109,6 +109,10 @@ TEST_F(Pictures, panesReadFromTheRight) {
                                    {SettingsView::Pane::About, u"rtl-about"_s}}) {
     keep(open(pane), name);
   }
+  open(SettingsView::Pane::Notes);
+  const auto& row = button(u"Ghost"_s);
+  const int left = row.mapTo(view.get(), QPoint()).x();
+  EXPECT_EQ(left, 440 - left - row.width()) << "the scroll bar takes its room from its own side";
   open(SettingsView::Pane::General);
   const auto& control = button(u"Daily Burn"_s);
   EXPECT_LT(control.mapTo(view.get(), QPoint()).x(), 100) << "switches stand at the left";

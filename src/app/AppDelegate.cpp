@@ -363,7 +363,13 @@ void AppDelegate::showSettings() {
                                                                      m_ports.captureWatch, m_ports.workspace,
                                                                      m_ports.scheduler, m_ports.screens,
                                                                      m_ports.dockPreferences});
-    connect(parts.settings.get(), &SettingsView::importRequested, this, [this] { importWindow().choose(); });
+    connect(parts.settings.get(), &SettingsView::importRequested, this, [this] {
+      if (m_parts->services) {
+        importWindow().choose();
+      } else {
+        m_parts->alert->present();
+      }
+    });
   }
   parts.settings->show();
   if (auto* window = parts.settings->windowHandle()) m_ports.windowServer.activate(*window);
@@ -390,14 +396,15 @@ void AppDelegate::openFiles(const QStringList& names) {
 }
 
 void AppDelegate::runAction(const QString& action) {
-  if (m_parts->alert) {
+  // The settings need no store.
+  if (action == u"settings") {
+    showSettings();
+  } else if (m_parts->alert) {
     m_parts->alert->present();
   } else if (action == u"toggle-board") {
     toggleBoard();
   } else if (action == u"new-note") {
     showAddTask();
-  } else if (action == u"settings") {
-    showSettings();
   }
 }
 

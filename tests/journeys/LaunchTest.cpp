@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "WholeProgram.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -132,6 +133,14 @@ TEST(Launch, aStoreThatCannotBeOpenedIsLeftAloneAndSaidSo) {
   delegate.applicationShouldHandleReopen();
   delegate.toggleBoard();
   delegate.runAction(QStringLiteral("new-note"));
+  delegate.runAction(QStringLiteral("settings"));
+  EXPECT_EQ(visibleWindows("tarnwick::SettingsView"), 1) << "the settings need no store";
+  for (auto* widget : QApplication::topLevelWidgets()) {
+    for (auto* button : widget->findChildren<QAbstractButton*>()) {
+      if (button->text() == QStringLiteral("Import…")) button->click();
+    }
+  }
+  EXPECT_EQ(visibleWindows("tarnwick::ImportWindow"), 0) << "there is nowhere to import to";
   program.stop();
   QFile file(program.storePath());
   ASSERT_TRUE(file.open(QIODevice::ReadOnly));

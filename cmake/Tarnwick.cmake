@@ -14,6 +14,11 @@ if(TARNWICK_SANITIZE)
   target_compile_options(tarnwick_options INTERFACE -fsanitize=${TARNWICK_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   target_link_options(tarnwick_options INTERFACE -fsanitize=${TARNWICK_SANITIZE})
 endif()
+if(TARNWICK_FUZZ)
+  # The code under test as well: a fuzzer that does not see which way bytes take cannot find new ones.
+  target_compile_options(tarnwick_options INTERFACE -fsanitize=fuzzer-no-link,address)
+  target_link_options(tarnwick_options INTERFACE -fsanitize=address)
+endif()
 
 # One precompiled header serves every target that names the same one: each is 300 MB. So what it was compiled with must not
 # differ between targets, and Qt Test's definitions, which name each target's own folder, go.

@@ -17,7 +17,7 @@ Result<QByteArray> readForeignBytes(const QString& path) {
   if (info.size() > kLargestImport) return Error{ErrorKind::Refused, ExchangeWords::tr("it is too large to be a file of notes")};
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return Error{ErrorKind::NotPermitted, file.errorString()};
-  auto bytes = file.read(kLargestImport);
+  auto bytes = file.read(info.size());
   if (file.error() != QFileDevice::NoError) return Error{ErrorKind::Failed, file.errorString()};
   return bytes;
 }

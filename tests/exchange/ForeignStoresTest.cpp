@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "exchange/Exchange.h"
+#include "exchange/ForeignText.h"
 #include "exchange/ImportFile.h"
 #include "exchange/PlumStore.h"
 #include "model/store/SqliteConnection.h"
@@ -220,6 +221,18 @@ TEST_F(ForeignStores, aHomeOffersThePlacesThatExist) {
   QStringList programs;
   for (const auto& place : importPlaces(path())) programs.append(place.program);
   EXPECT_EQ(programs, (QStringList{u"xpad"_s, u"Gnote"_s}));
+}
+
+TEST(ForeignFiles, takeTheRoomOfWhatTheyHold) {
+  const QTemporaryDir folder;
+  const auto path = folder.filePath(u"small"_s);
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("- [ ] one") == 9);
+  file.close();
+  const auto bytes = readForeignBytes(path);
+  ASSERT_TRUE(bytes);
+  EXPECT_EQ(bytes.value(), "- [ ] one");
+  EXPECT_LT(bytes.value().capacity(), 4096) << "a folder may hold thousands of them";
 }
 
 }  // namespace

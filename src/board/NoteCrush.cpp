@@ -118,13 +118,16 @@ void NoteCrush::beginTorn(const TornNote& torn) {
         m_services.scheduler.after(isMotionReduced ? kReducedMotionTime : kShredTime, ifStillWanted(landed));
     return;
   }
-  const QImage picture = pictureOf(m_services, *m_task, torn.picture);  // before the window turns transparent
-  auto from = torn.takeWindow();
+  const QImage picture = pictureOf(m_services, *m_task, torn.picture);
+  auto from = torn.windowFrame();
+  const bool hasWindow = from.has_value();
   if (!from) {
     const DesktopPoint pointer = torn.pointer();
     from = DesktopRect{pointer.x - kPointerSquare / 2, pointer.y - kPointerSquare / 2, kPointerSquare, kPointerSquare};
   }
+  const QPointer self(this);
   fly(*from, picture, landed);
+  if (self && m_isCrushing && hasWindow && torn.hideWindow) torn.hideWindow();
 }
 
 void NoteCrush::fly(const DesktopRect& from, const QImage& picture, std::function<void()> landed) {

@@ -29,12 +29,14 @@ class NoteCrush final : public QObject {
   };
   /// What a note on the desktop gives. `picture` may be left out.
   struct TornNote {
-    /// Frame of the note's window, which is made fully transparent by this call; nothing when there is none.
-    std::function<std::optional<DesktopRect>()> takeWindow;
+    /// Nothing when the note has no window.
+    std::function<std::optional<DesktopRect>()> windowFrame;
     std::function<DesktopPoint()> pointer;
     std::function<QImage()> picture;
     /// Closes the note's window after a crush that finished it.
     std::function<void()> onRedock;
+    /// Makes the window fully transparent; called when the flying sheet lies over it.
+    std::function<void()> hideWindow = {};
   };
 
   NoteCrush(const BoardServices& services, TaskPtr task, Card card, QObject* parent = nullptr);

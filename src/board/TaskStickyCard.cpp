@@ -37,6 +37,8 @@ QImage TaskStickyCard::paper() const {
                      CardFace::kHeight * scale);
   QImage image = face.toImage().copy(sheet.toRect());
   image.setDevicePixelRatio(scale);
+  QPainter painter(&image);
+  CardParts::paintCrushCircle(painter, m_face.circleCenter(), CardFace::kCircleDiameter, m_face.ink(), CircleState::Rest);
   return image;
 }
 

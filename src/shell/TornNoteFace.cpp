@@ -202,6 +202,12 @@ void TornNoteFace::paintPaper(QPainter& painter, double peel) const {
   painter.restore();
 }
 
+void TornNoteFace::paintFlatPaper(QPainter& painter) const {
+  auto paper = sheet(QRectF(QPointF(0, 0), size), PaperKind::TornNote, 0);
+  paper.hasShadow = false;
+  paper.paint(painter);
+}
+
 void TornNoteFace::paintText(QPainter& painter, const StickyChecklistBody& body, double scroll) const {
   const auto area = textRect();
   const double hidden = std::max(0.0, body.height() - area.height());

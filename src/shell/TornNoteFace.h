@@ -61,6 +61,8 @@ struct TornNoteFace {
 
   /// Paper and shadow, kept per look. In turned coordinates.
   void paintPaper(QPainter& painter, double peel) const;
+  /// The same paper over all of the size, without corner and shadow: as it lies on the sheet that is crushed.
+  void paintFlatPaper(QPainter& painter) const;
   void paintText(QPainter& painter, const StickyChecklistBody& body, double scroll) const;
   void paintFoot(QPainter& painter, double barOpacity) const;
   void paintTape(QPainter& painter) const;

@@ -62,13 +62,10 @@ TornStickyNoteView::~TornStickyNoteView() = default;
 
 NoteCrush::TornNote TornStickyNoteView::crushView() {
   NoteCrush::TornNote view;
-  view.takeWindow = [this]() -> std::optional<DesktopRect> {
-    const auto frame = m_window.frame();
-    m_window.setAlpha(0);
-    return frame;
-  };
+  view.windowFrame = [this]() -> std::optional<DesktopRect> { return m_window.frame(); };
+  view.hideWindow = [this] { m_window.setAlpha(0); };
   view.pointer = [this] { return m_window.pointer(); };
-  view.picture = [this] { return picture().toImage(); };
+  view.picture = [this] { return picture([this](QPainter& painter) { paintFlat(painter); }).toImage(); };
   view.onRedock = [this] { m_window.redock(); };
   return view;
 }
@@ -359,24 +356,26 @@ void TornStickyNoteView::step() {
 
 void TornStickyNoteView::crushingChanged() {
   m_shredPicture = {};
+  if (m_crush.isCrushing()) m_bar = Tween(0);  // the tools do not go the way of the note
   if (m_crush.isShredding() && !m_services.workspace.isMotionReduced()) {
     auto level = m_face;
     level.tilt = 0;
     std::swap(level, m_face);
-    m_shredPicture = picture();
+    m_shredPicture = picture([this](QPainter& painter) { paintNote(painter); });
     std::swap(level, m_face);
     m_shredStart = mediaTime();
   }
   lookChanged();
 }
 
-QPixmap TornStickyNoteView::picture() {
+QPixmap TornStickyNoteView::picture(const std::function<void(QPainter&)>& paint) {
   const double scale = devicePixelRatioF();
   QPixmap pixmap((QSizeF(size()) * scale).toSize());
   pixmap.setDevicePixelRatio(scale);
   pixmap.fill(Qt::transparent);
   QPainter painter(&pixmap);
-  paintNote(painter);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+  paint(painter);
   return pixmap;
 }
 
@@ -403,15 +402,7 @@ void TornStickyNoteView::paintNote(QPainter& painter) {
   painter.setTransform(m_face.turn(), true);
   m_face.paintPaper(painter, peel);
   if (!m_isEditing) {
-    m_face.paintText(painter, m_body, m_scroll);
-    m_face.paintFoot(painter, bar);
-    auto state = CircleState::Rest;
-    if (m_circle->isDown() || m_crush.isCrushing()) {
-      state = CircleState::Pressed;
-    } else if (m_circle->underMouse() || m_circle->isRinged()) {
-      state = CircleState::Hover;
-    }
-    CardParts::paintCrushCircle(painter, m_face.circleCenter(), TornNoteFace::kCircleDiameter, m_face.ink(), state);
+    paintWriting(painter, bar);
     if (bar > 0) paintBar(painter, bar);
   }
   if (m_isDashed && !m_face.isComposited) {
@@ -421,6 +412,27 @@ void TornStickyNoteView::paintNote(QPainter& painter) {
   }
   painter.restore();
   m_face.paintTape(painter);
+}
+
+void TornStickyNoteView::paintWriting(QPainter& painter, double bar) {
+  m_face.paintText(painter, m_body, m_scroll);
+  m_face.paintFoot(painter, bar);
+  auto state = CircleState::Rest;
+  if (m_circle->isDown() || m_crush.isCrushing()) {
+    state = CircleState::Pressed;
+  } else if (m_circle->underMouse() || m_circle->isRinged()) {
+    state = CircleState::Hover;
+  }
+  CardParts::paintCrushCircle(painter, m_face.circleCenter(), TornNoteFace::kCircleDiameter, m_face.ink(), state);
+}
+
+void TornStickyNoteView::paintFlat(QPainter& painter) {
+  if (m_hover.isTucked()) {
+    paintNote(painter);
+    return;
+  }
+  m_face.paintFlatPaper(painter);
+  paintWriting(painter, 0);
 }
 
 void TornStickyNoteView::paintBar(QPainter& painter, double opacity) {

@@ -87,8 +87,10 @@ class TornStickyNoteView final : public QWidget {
   void planLabelRefresh();
   void save();
   void paintNote(QPainter& painter);
+  void paintWriting(QPainter& painter, double bar);
   void paintBar(QPainter& painter, double opacity);
-  [[nodiscard]] QPixmap picture();
+  [[nodiscard]] QPixmap picture(const std::function<void(QPainter&)>& paint);
+  void paintFlat(QPainter& painter);
   [[nodiscard]] bool isBarWanted() const;
   [[nodiscard]] std::vector<int> checklistRows() const;
   [[nodiscard]] std::chrono::nanoseconds mediaTime() const;

@@ -23,7 +23,8 @@ class Crush : public testing::Test {
     desk.torn.open.insert(task->id());
     return std::make_unique<NoteCrush>(
         desk.services, task,
-        NoteCrush::TornNote{[this] { return window; }, [] { return DesktopPoint{500, 300}; }, {}, [this] { ++redocks; }});
+        NoteCrush::TornNote{[this] { return window; }, [] { return DesktopPoint{500, 300}; }, {}, [this] { ++redocks; },
+                            [this] { flightsWhenHidden.push_back(desk.flight.plays.size()); }});
   }
   TaskPtr oneOff(const std::function<void(TaskRecord&)>& change = {}) { return desk.add(u"one-off"_s, change); }
   TaskPtr daily(const QString& due) {
@@ -38,6 +39,7 @@ class Crush : public testing::Test {
   Desk desk;
   std::optional<DesktopRect> window = DesktopRect{100, 100, 250, 230};
   int redocks = 0;
+  std::vector<std::size_t> flightsWhenHidden;
 };
 
 }  // namespace
@@ -210,6 +212,7 @@ TEST_F(Crush, ofATornNoteFliesFromItsWindow) {
   crush->crush();
   ASSERT_EQ(desk.flight.plays.size(), 1u);
   EXPECT_EQ(desk.flight.plays[0].from, *window);
+  EXPECT_EQ(flightsWhenHidden, std::vector<std::size_t>{1}) << "the window goes when the sheet lies on it";
   QSignalSpy told(&desk.center, &NotificationCenter::crushDidComplete);
   desk.flight.land();
   EXPECT_TRUE(task->isCompleted());
@@ -218,6 +221,14 @@ TEST_F(Crush, ofATornNoteFliesFromItsWindow) {
   EXPECT_EQ(told.size(), 1);
   EXPECT_TRUE(desk.undo.last->wasTornOff);
   EXPECT_EQ(desk.stored(task->id()), task->record());
+}
+
+TEST_F(Crush, ofATornNoteThatLandsAtOnceHidesNoWindow) {
+  desk.flight.landsAtOnce = true;
+  const auto crush = tornNote(oneOff([](auto& r) { r.isTornOff = true; }));
+  crush->crush();
+  EXPECT_EQ(redocks, 1);
+  EXPECT_TRUE(flightsWhenHidden.empty());
 }
 
 TEST_F(Crush, ofATornNoteWithoutAWindowFliesFromThePointer) {

@@ -182,6 +182,28 @@ TEST_F(NotePictures, withoutACompositorNothingIsOutsideTheMask) {
   keep(note, u"masked"_s);
 }
 
+TEST_F(NotePictures, theSheetThatIsCrushedIsAllPaperWithTheWordsWhereTheyWere) {
+  auto& note = sheet(u"Book the ferry back from the island"_s, u"#FFE169"_s, PaperTheme::plain);
+  hover(note, true);
+  pass(600ms);
+  note.noteView().crush();
+  ASSERT_EQ(flight.plays.size(), 1u);
+  const auto& picture = flight.plays[0].picture;
+  ASSERT_FALSE(picture.isNull());
+  for (const QPoint edge : {QPoint(4, 100), QPoint(245, 100), QPoint(125, 4), QPoint(125, 225)}) {
+    EXPECT_GT(alphaAt(picture, edge), 0.99) << "paper up to the edge of the window";
+  }
+  const auto lightness = [&](QPointF point) {
+    return picture.pixelColor((point * picture.devicePixelRatio()).toPoint()).lightnessF();
+  };
+  EXPECT_GT(lightness({125, 10}), 0.6) << "the tape stays behind";
+  const auto bar = note.noteView().face().hoverBarRect();
+  EXPECT_GT(lightness({bar.left() + 8, bar.center().y()}), 0.6) << "and the tools";
+  int dark = 0;
+  for (int x = 20; x < 200; ++x) dark += lightness(QPointF(x, 48)) < 0.4 ? 1 : 0;
+  EXPECT_GT(dark, 5) << "the words are on it";
+}
+
 TEST_F(NotePictures, aShredEndsInNothing) {
   setText(keys::kCompletionEffect, u"shred"_s);
   auto& note = sheet(u"Book the ferry back from the island"_s, u"#FFE169"_s, PaperTheme::plain);

@@ -8,9 +8,11 @@
 #include "effects/WadArt.h"
 #include "model/Color.h"
 
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
 
+#include <algorithm>
 #include <array>
 
 namespace tarnwick {
@@ -21,6 +23,18 @@ QFont sized(tokens::Type role, int pixels, QFont::Weight weight) {
   font.setPixelSize(pixels);
   font.setWeight(weight);
   return font;
+}
+
+/// With digits of one width, which not every face brings along.
+void paintNumber(QPainter& painter, const QRectF& place, const QString& digits) {
+  const QFontMetricsF metrics(painter.font());
+  double cell = 0;
+  for (char16_t digit = u'0'; digit <= u'9'; ++digit) cell = std::max(cell, metrics.horizontalAdvance(QChar(digit)));
+  double x = place.center().x() - cell * static_cast<double>(digits.size()) / 2;
+  for (const QChar digit : digits) {
+    painter.drawText(QRectF(x, place.top(), cell, place.height()), Qt::AlignCenter, digit);
+    x += cell;
+  }
 }
 
 }  // namespace
@@ -159,8 +173,7 @@ void StatsSlip::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(ink);
     painter.setFont(tokens::font(tokens::Type::StatsNumber));
     const auto& [count, words] = columns[static_cast<std::size_t>(i)];
-    painter.drawText(QRectF(place.left(), place.top() + 30, step, 30), Qt::AlignCenter,
-                     QString::asprintf("%lld", static_cast<long long>(count)));
+    paintNumber(painter, QRectF(place.left(), place.top() + 30, step, 30), QString::number(count));
     painter.setPen(ink2);
     painter.setFont(tokens::font(tokens::Type::DueLabel));
     painter.drawText(QRectF(place.left(), place.top() + 60, step, 15), Qt::AlignCenter, words);

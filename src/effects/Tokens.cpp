@@ -63,11 +63,6 @@ QFont font(Type role) {
   result.setStyle(role == Type::Placeholder ? QFont::StyleItalic : QFont::StyleNormal);
   result.setLetterSpacing(QFont::AbsoluteSpacing, chosen.spacing);
   result.setHintingPreference(QFont::PreferNoHinting);
-#if QT_VERSION >= QT_VERSION_CHECK(6, 7, 0)
-  if (role == Type::StatsNumber) {
-    result.setFeature("tnum", 1);
-  }
-#endif
   return result;
 }
 

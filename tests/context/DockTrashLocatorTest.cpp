@@ -79,6 +79,9 @@ TEST_F(DockTrash, smallElementsAreSkippedButTheirChildrenAreNot) {
     accessibility.nodes[u"/d/0"_s].facts = titled(u"Trash"_s, small);
     EXPECT_EQ(locator.axTrashFrame(), kTile);
   }
+  const DesktopRect justEnough{0, 0, 8.5, 8.5};
+  accessibility.nodes[u"/d/0"_s].facts = titled(u"Trash"_s, justEnough);
+  EXPECT_EQ(locator.axTrashFrame(), justEnough);
 }
 
 TEST_F(DockTrash, theSearchEndsAtTheEighthLevel) {
@@ -171,6 +174,10 @@ INSTANTIATE_TEST_SUITE_P(
         Estimate{"right", {0, 0, 1216, 800}, 40, {1248 - 20, 22 - 20, 40, 40}},
         Estimate{"left", {64, 0, 1216, 800}, 40, {32 - 20, 22 - 20, 40, 40}},
         Estimate{"rightWithoutTileSize", {0, 0, 1216, 800}, std::nullopt, {1248 - 24, 26.4 - 24, 48, 48}},
+        // A strip of more than 6 is a dock.
+        Estimate{"slimBottom", {0, 6.5, 1280, 793.5}, std::nullopt, {640 + 39.6 - 4.8 - 48, (6.5 - 48) / 2, 48, 48}},
+        Estimate{"slimRight", {0, 0, 1273.5, 800}, std::nullopt, {1276.75 - 24, 26.4 - 24, 48, 48}},
+        Estimate{"slimLeft", {6.5, 0, 1273.5, 800}, std::nullopt, {3.25 - 24, 26.4 - 24, 48, 48}},
         Estimate{"hidden", {0, 0, 1280, 770}, 64, {1240 - 32, 36 - 32, 64, 64}},
         Estimate{"thinStripIsNoDock", {0, 6, 1274, 764}, 48, {1234 - 24, 36 - 24, 48, 48}}),
     [](const auto& row) { return std::string(row.param.name); });
@@ -214,8 +221,15 @@ INSTANTIATE_TEST_SUITE_P(
         Tiles{"moreRunningThanRecent", 10, 4, 0, true, 3, 1, 640 + 410.4 - 4.8 - 48},
         // 48 * 12 + 21.6 + 9.6 = 607.2: no separator for recents that are not there
         Tiles{"noRecents", 10, 0, 2, true, 0, 1, 640 + 303.6 - 4.8 - 48},
+        // 48 * 12 + 43.2 + 9.6 = 628.8
+        Tiles{"oneRecent", 10, 0, 0, true, 1, 0, 640 + 314.4 - 4.8 - 48},
         Tiles{"neverBeyondTheScreen", 40, 0, 0, false, 0, 0, 1280 - 48}),
     [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(DockTrash, thePointInABottomDockIsInTheMiddleOfItsStrip) {
+  dock.state.tileSize = 40;
+  EXPECT_EQ(locator.geometricFallback({{}, {0, 0, 1280, 800}, {10, 60, 1200, 740}, 1}), (DesktopPoint{1210 - 22, 30}));
+}
 
 TEST_F(DockTrash, withoutAnyScreenThereIsStillARectangle) {
   screens.screens.clear();

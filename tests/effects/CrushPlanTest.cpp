@@ -118,7 +118,7 @@ TEST(CrushPlan, theBallSettlesStretchesAndShrinks) {
   const double end = 48 * 0.55 / 46;
   const double landing = plan.geometry.landing;
   const std::vector<std::pair<double, LayerTransform>> rows{
-      {0.1, {0.55, 0.55, 0}},          {0.32, {1.18, 1.18, 0}},
+      {0.1, {0.55, 0.55, 0}},          {0.27, {0.865, 0.865, 0}},        {0.32, {1.18, 1.18, 0}},
       {0.38, {0.92, 0.92, 0}},         {0.44, {1, 1, 0}},
       {0.52, {1.14, 0.84, 0}},         {0.59, {0.9, 1.12, 0}},
       {0.7, {1, 1, 0}},                {landing, {end, end, 0}},
@@ -141,7 +141,8 @@ TEST(CrushPlan, theBallSpinsTowardsTheTrash) {
   const auto left = crushPlan(scene({10, 6, 48, 48}), kBegin);
   EXPECT_NEAR(at(layersOf(right, CrushLayerKind::Ball)[0], 2).spin, -7.0398223686155035, 1e-12);
   EXPECT_NEAR(at(layersOf(left, CrushLayerKind::Ball)[0], 2).spin, 8.039822368615503, 1e-12);
-  EXPECT_NEAR(at(layersOf(left, CrushLayerKind::Ball)[0], 0.45).spin, 0.5, 1e-9);
+  EXPECT_NEAR(at(layersOf(left, CrushLayerKind::Ball)[0], 0.31).spin, 0.5 * 0.315357, 1e-6) << "it begins slowly";
+  for (const double held : {0.4, 0.52}) EXPECT_NEAR(at(layersOf(left, CrushLayerKind::Ball)[0], held).spin, 0.5, 1e-9);
 }
 
 TEST(CrushPlan, eightScrapsFanOutAndFall) {
@@ -163,6 +164,9 @@ TEST(CrushPlan, eightScrapsFanOutAndFall) {
   EXPECT_NEAR(at(scraps[2], 0.6).opacity, 1, 1e-9);
   EXPECT_NEAR(at(scraps[2], 0.7).opacity, 0.5, 1e-9);
   EXPECT_NEAR(at(scraps[3], 0.3 + 0.56).opacity, 0, 1e-9);
+  EXPECT_EQ(at(scraps[0], 0.55).cornerRadius, 1);
+  EXPECT_EQ(at(scraps[0], 0.55).transform, (LayerTransform{1, 1, at(scraps[0], 0.55).transform.rotation}));
+  EXPECT_NEAR(at(scraps[0], 0.55).transform.rotation, -6.283185307, 1e-6);
   EXPECT_NEAR(at(scraps[0], 2).transform.rotation, -12.566370614, 1e-6);
   EXPECT_NEAR(at(scraps[1], 2).transform.rotation, 12.566370614, 1e-6);
 }
@@ -178,7 +182,8 @@ TEST(CrushPlan, theRingIsACircleThatOpensAfterTheLanding) {
   EXPECT_NEAR(at(ring, 0.62).opacity, 0.684643, 1e-5);
   EXPECT_NEAR(at(ring, landing).opacity, 1, 1e-9);
   EXPECT_NEAR(at(ring, 0.5).transform.scaleX, 0.6, 1e-9);
-  EXPECT_NEAR(at(ring, 0.8).transform.scaleX, 1, 1e-9);
+  EXPECT_NEAR(at(ring, landing + 0.42).opacity, 0, 1e-9);
+  EXPECT_NEAR(at(ring, 0.77).transform.scaleX, 1, 1e-9);
   EXPECT_NEAR(at(ring, landing + 0.04).transform.scaleX, 0.88, 1e-9);
   EXPECT_NEAR(at(ring, landing + 0.42).transform.scaleX, 1.75, 1e-9);
 }
@@ -188,8 +193,14 @@ TEST(CrushPlan, sixPuffsOfDustRiseFromTheMouth) {
   const auto dust = layersOf(plan, CrushLayerKind::Dust);
   ASSERT_EQ(dust.size(), 6U);
   const double landing = plan.geometry.landing;
-  for (const auto& puff : dust) {
+  for (std::size_t j = 0; j < dust.size(); ++j) {
+    const auto& puff = dust[j];
+    EXPECT_EQ(puff.size, (DesktopSize{5, 5}));
+    EXPECT_EQ(at(puff, landing).cornerRadius, 2.5);
+    EXPECT_EQ(at(puff, landing).transform.scaleX, 1);
     EXPECT_EQ(at(puff, landing).position, (DesktopPoint{1024, plan.geometry.mouth}));
+    const auto out = at(puff, landing + 0.3).position;
+    EXPECT_NEAR(std::hypot(out.x - 1024, out.y - plan.geometry.mouth), j % 2 == 0 ? 16 : 22, 1e-6) << j;
     EXPECT_NEAR(at(puff, landing).opacity, 0, 1e-9);
     EXPECT_NEAR(at(puff, landing + 0.02).opacity, 0.9, 1e-9);
     EXPECT_NEAR(at(puff, landing + 0.3).opacity, 0, 1e-9);

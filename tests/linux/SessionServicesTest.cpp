@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Buses, notifications, power and sound, against real servers (the login manager is a mock on the system bus).
 #include "Session.h"
+#include "effects/SoundSynthesis.h"
 #include "fakes/FakeServices.h"
 #include "fakes/ManualTime.h"
 #include "linux/LinuxPorts.h"
@@ -20,6 +21,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <cmath>
 #include <csignal>
 
 namespace tarnwick {
@@ -204,70 +206,111 @@ TEST_F(PowerEvents, ComeWhenTheScreenSaverEnds) {
   EXPECT_EQ(events, std::vector{PowerEvent::ScreensDidWake});
 }
 
-QByteArray tone() {
-  constexpr quint32 samples = 16000;
-  QByteArray wav("RIFF\0\0\0\0WAVEfmt \x10\0\0\0\x01\0\x01\0\x44\xac\0\0\x88\x58\x01\0\x02\0\x10\0data", 40);
-  QByteArray size(4, '\0');
-  qToLittleEndian<quint32>(samples * 2, size.data());
-  wav += size;
-  for (quint32 i = 0; i < samples; ++i) {
-    QByteArray sample(2, '\0');
-    qToLittleEndian<qint16>(i / 50 % 2 == 0 ? 8000 : -8000, sample.data());
-    wav += sample;
-  }
-  return wav;
-}
-
 class Sound : public testing::Test {
  protected:
   void SetUp() override {
     recorder.start(QStringLiteral("parec"), {QStringLiteral("-d"), QStringLiteral("probe.monitor"), QStringLiteral("--raw"),
                                              QStringLiteral("--latency-msec=20"), QStringLiteral("--channels=1")});
-    ASSERT_TRUE(holdsSoon([&] { return recorder.bytesAvailable() > 0; })) << "the recorder runs";
+    ASSERT_TRUE(holdsSoon([&] { return recorded() > 0; })) << "the recorder runs";
     ASSERT_TRUE(holdsSoon([&] { return ports.audio().traits().isAvailable; }));
   }
   void TearDown() override {
     recorder.kill();
     recorder.waitForFinished();
   }
-  /// The loudest sample since the last call.
-  int peak() {
-    const auto bytes = recorder.readAllStandardOutput();
+  /// Samples so far.
+  std::size_t recorded() {
+    bytes += recorder.readAllStandardOutput();
+    return static_cast<std::size_t>(bytes.size() / 2);
+  }
+  [[nodiscard]] int at(std::size_t index) const {
+    return qFromLittleEndian<qint16>(bytes.constData() + static_cast<qsizetype>(2 * index));
+  }
+  [[nodiscard]] int peak(std::size_t from, std::size_t to) const {
     int loudest = 0;
-    for (qsizetype i = 0; i + 1 < bytes.size(); i += 2) {
-      loudest = std::max(loudest, std::abs(static_cast<int>(qFromLittleEndian<qint16>(bytes.constData() + i))));
-    }
+    for (auto i = from; i < to; ++i) loudest = std::max(loudest, std::abs(at(i)));
     return loudest;
+  }
+  /// Whether the next tenth of a second brings a sound.
+  bool isHeard() {
+    const auto from = recorded();
+    holdsSoon([&] { return recorded() > from + 4410; });
+    return peak(from, recorded()) > 0;
+  }
+  /// Part of the image as heard from a place of the recording on: how much alike (1: in all but loudness), and how loud.
+  struct Likeness {
+    double shape = 0;
+    double volume = 0;
+  };
+  [[nodiscard]] Likeness compare(const synthesis::Samples& image, std::size_t count, std::size_t from) const {
+    double both = 0;
+    double meant = 0;
+    double heard = 0;
+    for (std::size_t i = 0; i < count; ++i) {
+      both += static_cast<double>(image[i]) * at(from + i);
+      meant += static_cast<double>(image[i]) * image[i];
+      heard += static_cast<double>(at(from + i)) * at(from + i);
+    }
+    return heard > 0 ? Likeness{both / std::sqrt(meant * heard), both / meant} : Likeness{};
+  }
+  /// Where in this stretch of the recording the image begins.
+  [[nodiscard]] std::size_t beginOf(const synthesis::Samples& image, std::size_t from, std::size_t to) const {
+    constexpr std::size_t kEnough = 500;
+    std::size_t best = from;
+    double most = -1;
+    for (auto place = from; place + kEnough < to; ++place) {
+      if (const double shape = compare(image, kEnough, place).shape; shape > most) {
+        most = shape;
+        best = place;
+      }
+    }
+    return best;
   }
   LinuxPorts ports;
   QProcess recorder;
+  QByteArray bytes;
 };
 
-TEST_F(Sound, PlaysAtItsVolumeAgainAndAgain) {
-  const auto player = ports.audio().prepare(tone());
+TEST_F(Sound, IsHeardAsItsImageIsAndASecondRequestRestartsIt) {
+  synthesis::UniformSource random;
+  const auto image = synthesis::crush(random);
+  const auto player = ports.audio().prepare(synthesis::createWav(synthesis::kSampleRate, image));
   ASSERT_TRUE(player);
-  for (const double volume : {0.5, 0.25}) {
-    int loudest = 0;
-    EXPECT_TRUE(holdsSoon([&] {
-      if (loudest == 0) {  // the stream may still be opening
-        player->rewind();
-        player->setVolume(volume);
-        player->play();
-        holdsSoon([&] { return recorder.bytesAvailable() > 20000; });
-      }
-      loudest = std::max(loudest, peak());
-      return loudest > 0;
-    }));
-    EXPECT_NEAR(loudest, 8000 * volume, 40);
-    EXPECT_TRUE(holdsSoon([&] { return recorder.bytesAvailable() > 8000 && peak() == 0; })) << "it ends";
-  }
+  const auto play = [&](double volume) {
+    player->rewind();
+    player->setVolume(volume);
+    player->play();
+  };
+  ASSERT_TRUE(holdsSoon([&] {
+    play(0.1);
+    return isHeard();
+  })) << "the stream opens";
+  ASSERT_TRUE(holdsSoon([&] { return !isHeard(); })) << "and the sound ends";
+
+  const auto asked = recorded();
+  play(0.85);
+  ASSERT_TRUE(holdsSoon([&] { return recorded() > asked + 4410 && peak(asked, recorded() - 4410) > 0; }));
+  const auto again = recorded();
+  play(0.3);
+  ASSERT_TRUE(holdsSoon([&] { return recorded() > again + 3 * image.size(); }));
+
+  const auto first = beginOf(image, asked, again);
+  const auto second = beginOf(image, first + 2000, again + image.size());
+  ASSERT_LT(second, first + image.size()) << "while the first was still to be heard";
+  const auto cut = compare(image, std::min<std::size_t>(4000, second - first), first);
+  EXPECT_GT(cut.shape, 0.999);
+  EXPECT_NEAR(cut.volume, 0.85, 0.01);
+  const auto whole = compare(image, image.size(), second);
+  EXPECT_GT(whole.shape, 0.999) << "from its beginning, with nothing of the first under it";
+  EXPECT_NEAR(whole.volume, 0.3, 0.01);
+  EXPECT_EQ(peak(second + image.size(), second + 2 * image.size()), 0);
 }
 
 TEST_F(Sound, HasStockSounds) {
   EXPECT_TRUE(holdsSoon([&] {
     ports.audio().playStock(QStringLiteral("Pop"));
-    holdsSoon([&] { return recorder.bytesAvailable() > 20000; });
-    return peak() > 3000;
+    const auto from = recorded();
+    return isHeard() && peak(from, recorded()) > 3000;
   }));
 }
 

@@ -73,6 +73,11 @@ class Tarnwick:
             raise Failure(f"tarnwick {' '.join(words)}: {done.returncode} {done.stderr}")
         return done
 
+    def action(self, name):
+        """As the desktop does it from the entry in its menus."""
+        subprocess.run(["gdbus", "call", "--session", "-d", "app.tarnwick.Tarnwick", "-o", "/app/tarnwick/Tarnwick", "-m",
+                        "org.freedesktop.Application.ActivateAction", name, "[]", "{}"], check=True, capture_output=True)
+
     def status(self):
         return json.loads(self.run("status", "--json", check=True).stdout)
 

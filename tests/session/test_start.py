@@ -75,8 +75,7 @@ def files_handed_over(tarnwick, say):
 
 def settings_by_the_keyboard(tarnwick, say):
     tarnwick.start("--background")
-    subprocess.run(["gdbus", "call", "--session", "-d", NAME, "-o", "/app/tarnwick/Tarnwick", "-m",
-                    "org.freedesktop.Application.ActivateAction", "settings", "[]", "{}"], check=True, capture_output=True)
+    tarnwick.action("settings")
     for name in ("Daily Burn", "Tuck into a tab", "Paper sounds", "Check for updates automatically"):
         tarnwick.element(f"^{name}$")
         controls = [each for each in tarnwick.elements() if each.get_role_name() in CONTROLS]

@@ -46,6 +46,27 @@ def scene(tarnwick, server, say):
     expect(found() == button, f"the flight went to {found()}, the button is at {button}")
     say(f"the Trash was found at {button}")
 
+    # a place on the screen that is picked with a click, until the user leaves it to Tarnwick again
+    def target():
+        return tarnwick.run("settings", "crushTarget", check=True).stdout.strip()
+
+    tarnwick.action("settings")
+    tarnwick.click_element("^Pick where crushed notes land$")
+    tarnwick.element("^Click where crushed notes should land")
+    tarnwick.hover(240, 300)
+    tarnwick.shot("picking")
+    tarnwick.click(240, 300)
+    wait(lambda: target() == "{{216, 476}, {48, 48}}", "the place is picked")
+    wait(lambda: not tarnwick.elements("^Click where crushed notes should land"), "and the screen is free again")
+    tarnwick.shot("picked")
+    tarnwick.run("settings", "dockTrashFrame", "{{1, 2}, {30, 40}}", check=True)
+    crush("To where I picked")
+    expect(found() == (1, 2, 30, 40), "nobody asked the panel")
+    tarnwick.click_element("^Let Tarnwick find the Trash$")
+    wait(lambda: target() == "automatic", "left to Tarnwick")
+    tarnwick.key("Escape")
+    say("a place is picked by a click")
+
     # pressed again in the air: the window is seen again, the note is as it was
     def taken_back(text):
         note = tarnwick.run("add", text, check=True).stdout.strip()

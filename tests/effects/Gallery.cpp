@@ -5,6 +5,7 @@
 #include "effects/Controls.h"
 #include "effects/PaperSheet.h"
 #include "effects/PaperShredView.h"
+#include "effects/SoftShadow.h"
 #include "effects/StampBadge.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
@@ -138,21 +139,51 @@ void cards(const Sheet& sheet) {
   sheet.save(page, QStringLiteral("cards"));
 }
 
-void moods(const Sheet& sheet) {
-  QPixmap page = sheet.start(QSize(872, 872));
+// Every paper in every theme, under every stamp.
+void papers(const Sheet& sheet) {
+  QPixmap page = sheet.start(QSize(1020, 966));
   QPainter painter(&page);
-  painter.fillRect(QRect(0, 0, 872, 872), QColor(0x6E, 0x8B, 0x90));
+  quint32 number = 0;
+  for (const QString& hex : kPaperPalette) {
+    for (const PaperTheme theme : kPaperThemes) {
+      Note note{QStringLiteral("Return the drill to Ola next door"), hex, theme};
+      note.stamp = kTaskStamps[number % kTaskStamps.size()];
+      const QPoint place(200 * static_cast<int>(number % kPaperThemes.size()),
+                         134 * static_cast<int>(number / kPaperThemes.size()));
+      drawCard(painter, QPointF(24, 24) + place, note, number, sheet.scale);
+      ++number;
+    }
+  }
+  painter.end();
+  sheet.save(page, QStringLiteral("papers"));
+}
+
+void moods(const Sheet& sheet) {
+  struct Surface {
+    BoardMood mood;
+    GlassVariant glass;
+  };
+  const std::vector<Surface> surfaces{
+      {BoardMood::obsidian, GlassVariant::soft},  {BoardMood::corkboard, GlassVariant::soft},
+      {BoardMood::drafting, GlassVariant::soft},  {BoardMood::acrylic, GlassVariant::soft},
+      {BoardMood::acrylic, GlassVariant::clear}, {BoardMood::acrylic, GlassVariant::dense}};
+  QPixmap page = sheet.start(QSize(872, 1294));
+  QPainter painter(&page);
+  QLinearGradient bright(0, 0, 872, 0);
+  bright.setColorAt(0, QColor(0x6E, 0x8B, 0x90));
+  bright.setColorAt(1, QColor(0xD8, 0xB4, 0x8C));
+  painter.fillRect(QRect(0, 0, 872, 1294), bright);
   int i = 0;
-  for (const BoardMood mood : kBoardMoods) {
+  for (const auto& [mood, glass] : surfaces) {
     const QPointF at(30 + 422 * (i % 2), 30 + 422 * (i / 2));
-    painter.drawPixmap(at, BoardSurfaceView::pixmap(mood, GlassVariant::soft, QSize(390, 390), sheet.scale));
+    painter.drawPixmap(at, BoardSurfaceView::pixmap(mood, glass, QSize(390, 390), sheet.scale));
     const Note ferry{QStringLiteral("Book the ferry back from the island for Sunday"),
                      kPaperPalette[static_cast<size_t>(i)], PaperTheme::plain, -.8};
     const Note jars{QStringLiteral("Rinse the jars"), QStringLiteral("#4CC9F0"), PaperTheme::graph, 1.2};
     drawCard(painter, at + QPointF(14, 84), ferry, static_cast<quint32>(i), sheet.scale);
     drawCard(painter, at + QPointF(201, 84), jars, static_cast<quint32>(i), sheet.scale);
     painter.fillRect(QRectF(at + QPointF(14, 220), QSizeF(362, 60)), BoardSurfaceView::plate(mood));
-    painter.setClipRect(QRectF(at, QSizeF(390, 390)));
+    painter.setClipPath(roundedBox(QRectF(at, QSizeF(390, 390)), BoardSurfaceView::kRadius, BoardSurfaceView::kRadius));
     painter.drawPixmap(at + QPointF(0, 390 - AshLedge::kHeight - AshLedge::kRise), AshLedge::pixmap(390, sheet.scale));
     painter.setClipping(false);
     paintPaperLabel(painter, QRectF(at + QPointF(14, 12), QSizeF(46, 26)), 5, -1.2);
@@ -404,6 +435,7 @@ int main(int argc, char** argv) {
   for (const double scale : {1.0, 1.5, 2.0}) {
     const Sheet sheet{arguments.at(1), scale};
     cards(sheet);
+    papers(sheet);
     moods(sheet);
     tornNotes(sheet);
     controls(sheet);

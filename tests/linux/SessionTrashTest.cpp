@@ -3,16 +3,21 @@
 #include "Session.h"
 #include "context/DockTrashLocator.h"
 #include "effects/CrushToTrashAnimator.h"
+#include "effects/PaperSheet.h"
 #include "effects/SoundEngine.h"
+#include "effects/Tokens.h"
 #include "fakes/FakeServices.h"
 #include "fakes/ManualTime.h"
 #include "linux/LinuxPorts.h"
+#include "model/Color.h"
 #include "model/UserDefaults.h"
 #include "platform/Accessibility.h"
 #include "platform/Screens.h"
 
 #include <QDir>
 #include <QImage>
+#include <QLabel>
+#include <QLinearGradient>
 #include <QPainter>
 #include <QTemporaryDir>
 
@@ -130,15 +135,35 @@ TEST_F(AFlightIntoTheTrash, CanBeLookedAtFrameByFrame) {
   const auto frames = qEnvironmentVariable("TARNWICK_FRAMES");
   if (frames.isEmpty()) GTEST_SKIP() << "nobody looks";
   ASSERT_TRUE(holdsSoon([&] { return trash.axTrashFrame().has_value(); }));
+  const QRect screen = ports.screens().space().toQt(ports.screens().all().front().frame).toAlignedRect();
+  QLabel wall;
+  wall.setAttribute(Qt::WA_X11NetWmWindowTypeDesktop);
+  wall.setGeometry(screen);
+  QPixmap evening(screen.size());
+  QPainter sky(&evening);
+  QLinearGradient dusk(0, 0, 0, screen.height());
+  dusk.setColorAt(0, QColor(0x4B, 0x6A, 0x75));
+  dusk.setColorAt(1, QColor(0x26, 0x38, 0x3F));
+  sky.fillRect(evening.rect(), dusk);
+  sky.end();
+  wall.setPixmap(evening);
+  wall.show();
+
   const QColor paper(0xFF, 0xE1, 0x69);
   QImage picture(250, 230, QImage::Format_ARGB32_Premultiplied);
-  picture.fill(paper);
+  picture.fill(Qt::transparent);
   QPainter painter(&picture);
-  painter.setFont(QFont(u"Inter"_s, 15, QFont::DemiBold));
-  painter.setPen(QColor(0x3A, 0x2E, 0x10));
-  painter.drawText(picture.rect().adjusted(18, 20, -18, -20), Qt::TextWordWrap, u"Call the baker about Saturday's cake"_s);
+  PaperSheet sheet;
+  sheet.rect = picture.rect();
+  sheet.colorHex = paper.name();
+  sheet.kind = PaperKind::TornNote;
+  sheet.hasShadow = false;
+  sheet.paint(painter);
+  painter.setFont(tokens::font(tokens::Type::NoteText));
+  painter.setPen(Color::inkOnPaper(sheet.colorHex));
+  painter.drawText(picture.rect().adjusted(24, 38, -60, -20), Qt::TextWordWrap, u"Call the baker about Saturday's cake"_s);
   painter.end();
-  const auto flight = animator.play({760, 420, 250, 230}, paper, picture, Motion::Full, [] {});
+  const auto flight = animator.play({740, 300, 250, 230}, paper, picture, Motion::Full, [] {});
   for (int frame = 0; animator.flightsUnderWay() > 0; ++frame) {
     QTest::qWait(60);  // the compositor's own time
     screenshot(frames + u"/%1"_s.arg(frame, 3, 10, QLatin1Char('0')));

@@ -7,6 +7,7 @@
 #include "effects/SoundEngine.h"
 #include "effects/SoundSynthesis.h"
 #include "effects/WadArt.h"
+#include "figures.h"
 #include "linux/LinuxPorts.h"
 #include "model/SettingsKeys.h"
 #include "model/UserDefaults.h"
@@ -24,10 +25,8 @@
 #include <QPainter>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
 #include <functional>
-#include <optional>
 #include <vector>
 
 #include <sys/resource.h>
@@ -36,29 +35,14 @@ namespace tarnwick {
 namespace {
 
 using namespace std::chrono_literals;
+using figures::median;
+using figures::quantile;
+using figures::report;
+using figures::timed;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr double kFrame = 1000.0 / 60;
 constexpr int kRuns = 5;
-
-double quantile(std::vector<double> values, double part) {
-  if (values.empty()) return 0;
-  std::sort(values.begin(), values.end());
-  return values[std::min(values.size() - 1, static_cast<std::size_t>(part * static_cast<double>(values.size())))];
-}
-
-double median(const std::vector<double>& values) { return quantile(values, 0.5); }
-
-/// `floor` absent: there is nothing to measure against here.
-void report(const char* figure, double value, std::optional<double> floor, const char* of, double target) {
-  if (!floor || *floor <= 0) {
-    std::printf("%s %.3f ms ratio=- of=%s target=%.2f void\n", figure, value, of, target);
-    return;
-  }
-  const double ratio = value / *floor;
-  std::printf("%s %.3f ms ratio=%.2f of=%s target=%.2f %s\n", figure, value, ratio, of, target,
-              ratio <= target ? "ok" : "short");
-}
 
 double processorTime() {
   rusage usage{};
@@ -78,11 +62,6 @@ class Stage final {
     QEventLoop loop;
     const auto end = m_ports.scheduler().after(duration, [&] { loop.quit(); });
     loop.exec();
-  }
-  double timed(const std::function<void()>& work) const {
-    const double start = now();
-    work();
-    return now() - start;
   }
 
  private:
@@ -146,7 +125,7 @@ class PaintWatch final : public QObject {
   const Stage& m_stage;
 };
 
-void measurePainting(const Stage& stage, double scale, const char* figure, double target) {
+void measurePainting(double scale, const char* figure, double target) {
   const CrushScene scene{{1920, 1080}, {300, 500, 250, 200}, {1700, 10, 48, 48}, QColor(0xFF, 0xE1, 0x69)};
   QImage picture(QSizeF(250 * scale, 200 * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
   picture.fill(Qt::yellow);
@@ -158,7 +137,7 @@ void measurePainting(const Stage& stage, double scale, const char* figure, doubl
   for (int run = 0; run < kRuns; ++run) {
     auto last = frameAt(flight.plan(), 0);
     for (double t = kFrame / 1000; t < flight.plan().geometry.finish(); t += kFrame / 1000) {
-      costs.push_back(stage.timed([&] {
+      costs.push_back(timed([&] {
         auto next = frameAt(flight.plan(), t);
         const auto moved = flight.movedRegion(last, next);
         QPainter painter(&screen);
@@ -171,36 +150,36 @@ void measurePainting(const Stage& stage, double scale, const char* figure, doubl
       }));
     }
   }
-  report(figure, quantile(costs, 0.95), kFrame, "frame", target);
+  report(figure, quantile(costs, 0.95), "ms", kFrame, "frame", target);
 }
 
-void measureSounds(const Stage& stage) {
+void measureSounds() {
   std::vector<double> costs;
   for (int run = 0; run < kRuns; ++run) {
-    costs.push_back(stage.timed([] {
+    costs.push_back(timed([] {
       synthesis::UniformSource random;
       for (auto* generate : {synthesis::crush, synthesis::stick, synthesis::tear}) {
         if (synthesis::createWav(synthesis::kSampleRate, generate(random)).isEmpty()) std::abort();
       }
     }));
   }
-  report("sound.synthesis", median(costs), kFrame, "frame", 0.5);
+  report("sound.synthesis", median(costs), "ms", kFrame, "frame", 0.5);
 }
 
-void measureBall(const Stage& stage) {
-  const double first = stage.timed([] { (void)WadArt::image(QColor(1, 2, 3), kBallEdge, 2); });
-  report("crush.ball-first", first, kFrame, "frame", 2.5);
+void measureBall() {
+  const double first = timed([] { (void)WadArt::image(QColor(1, 2, 3), kBallEdge, 2); });
+  report("crush.ball-first", first, "ms", kFrame, "frame", 2.5);
   std::vector<double> recoloured;
   for (int i = 0; i < kRuns; ++i) {
-    recoloured.push_back(stage.timed([i] { (void)WadArt::image(QColor(10 * i, 20, 30), kBallEdge, 2); }));
+    recoloured.push_back(timed([i] { (void)WadArt::image(QColor(10 * i, 20, 30), kBallEdge, 2); }));
   }
-  report("crush.ball-recoloured", median(recoloured), first, "first-ball", 0.2);
+  report("crush.ball-recoloured", median(recoloured), "ms", first, "first-ball", 0.2);
 }
 
 void measureFlights(LinuxPorts& ports, Stage& stage) {
   if (!ports.screens().isComposited() || ports.screens().all().empty()) {
     for (const char* figure : {"crush.frame-p95", "crush.frame-p99", "crush.start", "crush.cpu"}) {
-      report(figure, 0, {}, "compositor", 1);
+      report(figure, 0, "ms", 0, "compositor", 1);
     }
     return;
   }
@@ -215,6 +194,8 @@ void measureFlights(LinuxPorts& ports, Stage& stage) {
                                  sound, trash});
   PaintWatch watch(stage);
   qApp->installEventFilter(&watch);
+  QImage picture(250, 200, QImage::Format_ARGB32_Premultiplied);
+  picture.fill(Qt::yellow);
   std::vector<double> gaps;
   std::vector<double> starts;
   std::vector<double> costs;
@@ -224,7 +205,7 @@ void measureFlights(LinuxPorts& ports, Stage& stage) {
     const double before = processorTime();
     const double asked = stage.now();
     const auto flight =
-        animator.play({150, 300, 250, 200}, QColor(0xFF, 0xE1, 0x69), {}, Motion::Full, [&] { loop.quit(); });
+        animator.play({150, 300, 250, 200}, QColor(0xFF, 0xE1, 0x69), picture, Motion::Full, [&] { loop.quit(); });
     loop.exec();
     costs.push_back(processorTime() - before);
     if (watch.moments.empty()) continue;
@@ -258,8 +239,8 @@ void measureFlights(LinuxPorts& ports, Stage& stage) {
   };
   pace("crush.frame-p95", 0.95, 18);
   pace("crush.frame-p99", 0.99, 20);
-  report("crush.start", median(starts), kFrame, "frame", 3);
-  report("crush.cpu", median(costs), median(bareCosts), "bare-flight", 1.5);
+  report("crush.start", median(starts), "ms", kFrame, "frame", 3);
+  report("crush.cpu", median(costs), "ms", median(bareCosts), "bare-flight", 1.5);
 }
 
 }  // namespace
@@ -271,10 +252,10 @@ int main(int argc, char** argv) {
   QApplication::setQuitOnLastWindowClosed(false);
   LinuxPorts ports;
   Stage stage(ports);
-  measurePainting(stage, 1, "crush.paint-p95", 0.25);
-  measurePainting(stage, 2, "crush.paint-2x-p95", 0.5);
-  measureBall(stage);
-  measureSounds(stage);
+  measurePainting(1, "crush.paint-p95", 0.25);
+  measurePainting(2, "crush.paint-2x-p95", 0.5);
+  measureBall();
+  measureSounds();
   measureFlights(ports, stage);
   return 0;
 }

@@ -3,6 +3,7 @@
 // beside reading their rows into records, searching them beside one pass over their texts, and whether a save grows
 // with the notes that did not change.
 #include "board/BoardQueries.h"
+#include "figures.h"
 #include "model/store/ModelContainer.h"
 
 #include <QFile>
@@ -21,6 +22,8 @@ namespace tarnwick {
 namespace {
 
 using namespace Qt::StringLiterals;
+using figures::median;
+using figures::report;
 
 constexpr int kFewNotes = 1'000;
 constexpr int kManyNotes = 100'000;
@@ -38,22 +41,6 @@ double timed(Work work) {
   const auto begin = seconds();
   work();
   return seconds() - begin;
-}
-
-double median(std::vector<double> values) {
-  if (values.empty()) return 0;
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
-}
-
-void report(const char* figure, double value, const char* unit, double floor, const char* of, double target) {
-  if (value <= 0 || floor <= 0) {
-    std::printf("%s %.1f %s ratio=- of=%s target=%.1f void\n", figure, value, unit, of, target);
-    return;
-  }
-  const double ratio = value / floor;
-  std::printf("%s %.1f %s ratio=%.2f of=%s target=%.1f %s\n", figure, value, unit, ratio, of, target,
-              ratio <= target ? "ok" : "short");
 }
 
 QString words(QRandomGenerator& random) {

@@ -4,7 +4,7 @@
 #include "board/Ashes.h"
 #include "board/BoardKeys.h"
 #include "board/ContentState.h"
-#include "board/CrushUndoStore.h"
+#include "board/DeskDuties.h"
 #include "board/TornNotes.h"
 #include "context/ContextEngine.h"
 #include "effects/BoardSurfaceView.h"
@@ -217,7 +217,7 @@ void ContentView::Content::sweep() {
 }
 
 void ContentView::Content::undo() {
-  if (services.undo.undo(services.container.mainContext())) toast->show(UndoToast::Kind::Restored);
+  if (undoLastCrush(services)) toast->show(UndoToast::Kind::Restored);
 }
 
 void ContentView::Content::tearOff(const QUuid& id, const DesktopRect& from) {

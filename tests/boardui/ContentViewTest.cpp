@@ -34,6 +34,8 @@ class Board : public BoardHarness {
 
 TEST_F(Board, crushesTheSelectedNoteByKeyAndTakesItBack) {
   const auto notes = addNotes(3);
+  notes[1]->set(&TaskRecord::dueDate, desk.at(u"2026-03-05T14:00:00"_s));
+  desk.reminders.schedule(*notes[1]);
   open();
   key(Qt::Key_Right);
   key(Qt::Key_Right);
@@ -47,11 +49,13 @@ TEST_F(Board, crushesTheSelectedNoteByKeyAndTakesItBack) {
   EXPECT_TRUE(notes[1]->isCompleted());
   EXPECT_EQ(find<UndoToast>().text(), u"Crushed — ⌘Z to undo"_s);
   EXPECT_EQ(shownTexts(), (QStringList{u"note 2"_s, u"note 0"_s}));
+  EXPECT_TRUE(desk.notifications.requests.empty());
 
   key(Qt::Key_Z, Qt::MetaModifier);
   EXPECT_FALSE(notes[1]->isCompleted());
   EXPECT_EQ(find<UndoToast>().text(), u"Restored"_s);
   EXPECT_EQ(shownTexts().size(), 3);
+  EXPECT_EQ(desk.notifications.requests.size(), 3u) << "its reminders are back too";
   key(Qt::Key_Z, Qt::MetaModifier);
   EXPECT_FALSE(notes[1]->isCompleted());
 }

@@ -87,6 +87,7 @@ void ContentView::Content::connectAll() {
   connect(nudge, &PlanNudgeView::slotChosen, &view, [this](const QString& colorHex) {
     NoteDraft draft = blankDraft();
     draft.colorHex = colorHex;
+    draft.isDaily3 = true;
     compose(draft);
   });
   connect(wall, &NoteWall::editRequested, &view,

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "board/NoteEditing.h"
 
+#include "board/CardRules.h"
 #include "board/NotificationEngine.h"
 #include "board/TornNotes.h"
 #include "context/ContextEngine.h"
@@ -103,6 +104,7 @@ TaskRecord NoteEditing::record(const NoteDraft& draft, const NoteExtras& extras)
   if (draft.isPrivate) record.isPrivate = true;
 
   Task task(std::move(record));
+  if (draft.isDaily3) toggleDaily3(task);
   apply(extras, task);
   if (extras.pinnedBundleID) task.set(&TaskRecord::pinnedBundleID, emptyClears(*extras.pinnedBundleID));
   return task.record();

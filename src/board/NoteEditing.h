@@ -29,6 +29,7 @@ struct NoteDraft {
   std::optional<RepositoryPin> repository;
   bool isPrivate = false;
   QString board = kDefaultBoard;
+  bool isDaily3 = false;  // of a new note only: an edit leaves the mark alone
 
   /// A new note's starting values: palette's first colour and the set paper theme.
   [[nodiscard]] static NoteDraft forNewNote(const class UserDefaults& defaults);

@@ -252,11 +252,16 @@ TEST_F(Board, greetsAnEmptyWallByTheHour) {
   EXPECT_EQ(nudge.nudge().kicker, u"TUESDAY AFTERNOON"_s);
   click(u"Plan slot 2 of 3"_s);
   EXPECT_EQ(open().viewState(), ContentView::ViewState::add);
-  EXPECT_EQ(form().draft().colorHex, u"#4CC9F0"_s);
-  open().showList();
-  desk.add(u"a note"_s);
-  settle();
+  type(u"Ring Ola"_s);
+  key(Qt::Key_Return, Qt::ControlModifier);
+  ASSERT_EQ(shownTexts(), QStringList{u"Ring Ola"_s});
+  const auto planned = desk.stored(wall().notes()[0]->id());
+  EXPECT_EQ(planned->colorHex, u"#4CC9F0"_s);
+  EXPECT_EQ(planned->isDaily3, true);
+  EXPECT_EQ(desk.audio.log.filter(u"play stick"_s).size(), 1);
   EXPECT_FALSE(nudge.isVisible());
+  click(u"New Note"_s);
+  EXPECT_FALSE(form().draft().isDaily3) << "only a slot plans";
 }
 
 TEST_F(Board, saysThatNothingMatchesInsteadOfGreeting) {

@@ -47,6 +47,7 @@ struct ContentView::Content {
   void undo();
   void tearOff(const QUuid& id, const DesktopRect& from);
   [[nodiscard]] QStringList boardNames() const;
+  [[nodiscard]] BoardMood mood() const;
 
   // Where things are.
   void connectAll();

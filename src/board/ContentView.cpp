@@ -3,6 +3,7 @@
 
 #include "board/Ashes.h"
 #include "board/BoardKeys.h"
+#include "board/BoardMenu.h"
 #include "board/ContentState.h"
 #include "board/DeskDuties.h"
 #include "board/TornNotes.h"
@@ -21,6 +22,7 @@
 #include "platform/Workspace.h"
 #include "settings/UpdateChecker.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -96,8 +98,7 @@ void ContentView::Content::refreshClock() {
   burnedLastNight = ashesFromLastNight(burned, now, calendar);
   strip->setCount(burnedLastNight);
   nudge->setNudge(planNudge(now, calendar, burns), PlanNudgeView::skyAt(calendar.hour(now)));
-  const auto mood = fromRawValue<BoardMood>(services.defaults.text(keys::kBoardMood).value_or(QString()));
-  nudge->setMood(mood.value_or(BoardMood::obsidian));
+  nudge->setMood(mood());
   wall->refreshCards();
   layOut();
 }
@@ -109,6 +110,11 @@ void ContentView::Content::armMinute() {
     armMinute();
     refresh();  // what sleeps may wake at midnight
   });
+}
+
+BoardMood ContentView::Content::mood() const {
+  const auto stored = services.defaults.text(keys::kBoardMood).value_or(QString());
+  return fromRawValue<BoardMood>(stored).value_or(BoardMood::obsidian);
 }
 
 QStringList ContentView::Content::boardNames() const {
@@ -305,7 +311,6 @@ void ContentView::takeFocus() {
 void ContentView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const auto& services = m_content->services;
-  const auto mood = fromRawValue<BoardMood>(services.defaults.text(keys::kBoardMood).value_or(QString()));
   const bool isComposited = services.screens.isComposited();
   if (!isComposited) {
     painter.setRenderHint(QPainter::Antialiasing);
@@ -315,7 +320,7 @@ void ContentView::paintEvent(QPaintEvent* /*event*/) {
   }
   painter.drawPixmap(
       0, 0,
-      BoardSurfaceView::pixmap(mood.value_or(BoardMood::obsidian), GlassVariant::soft, size(), deviceScale(painter)));
+      BoardSurfaceView::pixmap(m_content->mood(), GlassVariant::soft, size(), deviceScale(painter)));
   if (!isComposited) {
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(Qt::black, 1));
@@ -341,6 +346,17 @@ void ContentView::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QWidget::keyPressEvent(event);
+}
+
+void ContentView::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (m_content->state != ViewState::list || m_content->showBurned) return;
+  auto* menu = new BoardMenu(m_content->mood(), this);
+  connect(menu, &BoardMenu::moodChosen, this, [this](BoardMood mood) {
+    (void)m_content->services.defaults.setText(keys::kBoardMood, rawValue(mood));
+  });
+  connect(menu, &BoardMenu::ashesChosen, this, &ContentView::showAshes);
+  menu->popup(event->globalPos());
 }
 
 void ContentView::showEvent(QShowEvent* event) {

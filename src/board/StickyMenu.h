@@ -10,7 +10,7 @@
 
 namespace tarnwick {
 
-class StickyMenu final : public QMenu {
+class StickyMenu : public QMenu {
   Q_OBJECT
 
  public:

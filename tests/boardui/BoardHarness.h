@@ -15,6 +15,7 @@
 #include "support/Desk.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QImage>
 #include <QPainter>
 #include <QTest>
@@ -101,6 +102,15 @@ class BoardHarness : public testing::Test {
   }
   void choose(QAbstractButton& chip, const QString& entry) {
     QTest::mouseClick(&chip, Qt::LeftButton, {}, QPoint(20, 18));
+    chooseFromMenu(entry);
+  }
+  /// The menu that a right press on that place of the widget brings.
+  void chooseAt(QWidget& widget, const QPoint& at, const QString& entry) {
+    QContextMenuEvent asks(QContextMenuEvent::Mouse, at, widget.mapToGlobal(at));
+    QApplication::sendEvent(&widget, &asks);
+    chooseFromMenu(entry);
+  }
+  void chooseFromMenu(const QString& entry) {
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     ASSERT_TRUE(menu);
     for (auto* action : menu->actions()) {

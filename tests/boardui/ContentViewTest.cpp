@@ -281,6 +281,20 @@ TEST_F(Board, saysThatNothingMatchesInsteadOfGreeting) {
   EXPECT_EQ(wall().accessibleDescription(), QString());
 }
 
+TEST_F(Board, changesItsSurfaceFromTheMenuOfAnyBarePlace) {
+  const auto mood = [&] { return desk.defaults.text(keys::kBoardMood); };
+  chooseAt(find<PlanNudgeView>(), {195, 350}, u"Corkboard"_s);
+  EXPECT_EQ(mood(), u"corkboard"_s);
+  addNotes(1);
+  settle();
+  const QImage cork = open().grab().toImage();
+  chooseAt(wall(), {300, 200}, u"Obsidian"_s);
+  EXPECT_EQ(mood(), u"obsidian"_s);
+  EXPECT_NE(open().grab().toImage(), cork);
+  chooseAt(find<BoardRail>(), {200, 5}, u"Ashes"_s);
+  EXPECT_TRUE(find<AshesOverlay>().isVisible()) << "those of earlier nights too";
+}
+
 TEST_F(Board, readsWhatChangedWhileItWasHidden) {
   open();
   host().hide();

@@ -315,10 +315,15 @@ void NoteWall::popUpMenu(const QUuid& id, const QPoint& globalPoint) {
   menu->setAttribute(Qt::WA_DeleteOnClose);
   styleMenu(*menu);
   const auto add = [&](const QString& text, CardPart part) {
-    connect(menu->addAction(text), &QAction::triggered, this, [this, id, part] { activate(id, part); });
+    auto* action = menu->addAction(text);
+    connect(action, &QAction::triggered, this, [this, id, part] { activate(id, part); });
+    return action;
   };
   add(tr("Edit"), CardPart::Edit);
   add(tr("Change colour"), CardPart::ChangeColor);
+  auto* daily = add(tr("Daily three"), CardPart::Daily3);
+  daily->setCheckable(true);
+  daily->setChecked(card(id) && card(id)->task()->isDaily3());
   auto* tags = menu->addMenu(tr("Tag"));
   styleMenu(*tags);
   auto* group = new QActionGroup(tags);

@@ -192,6 +192,25 @@ TEST_F(Wall, aTapOnABoxTicksIt) {
   EXPECT_FALSE(wall().selection()) << "ticking is no selecting";
 }
 
+TEST_F(Wall, theMenuOfACardDoesWhatItsToolsDo) {
+  const auto notes = addNotes(1);
+  open();
+  const auto pick = [&](const QString& entry) { chooseAt(wall(), pointOn(notes[0], kPaper), entry); };
+  pick(u"Change colour"_s);
+  EXPECT_EQ(desk.stored(notes[0]->id())->colorHex, u"#FF7597"_s);
+  for (const bool isDaily3 : {true, false}) {
+    pick(u"Daily three"_s);
+    EXPECT_EQ(desk.stored(notes[0]->id())->isDaily3, isDaily3);
+  }
+  pick(u"Tear off"_s);
+  EXPECT_TRUE(desk.torn.isOpen(notes[0]->id()));
+  pick(u"Crush"_s);
+  EXPECT_EQ(desk.flight.plays.size(), 1u);
+  wall().rest();
+  pick(u"Edit"_s);
+  EXPECT_EQ(open().viewState(), ContentView::ViewState::edit);
+}
+
 TEST_F(Wall, theMenuOfACardSetsItsTag) {
   const auto notes = addNotes(1);
   open();

@@ -48,7 +48,7 @@ void TaskNoteView::begin(const TaskPtr& task, const QStringList& boards) {
 bool TaskNoteView::write() {
   if (!m_task) return false;
   const auto saved = NoteEditing(m_services).save(*m_task, m_form->draft());
-  return !saved || saved.value();  // a failed write is not told here; the record keeps what was typed
+  return saved && saved.value();
 }
 
 void TaskNoteView::save() {
@@ -58,7 +58,8 @@ void TaskNoteView::save() {
 void TaskNoteView::tearOff() {
   const TaskPtr task = m_task;
   if (!task) return;
-  (void)write();  // blank text leaves the note as it was; it is torn off all the same
+  // Blank text leaves the note as it was, and it is torn off all the same; what cannot be written stays on the page.
+  if (!write() && !m_form->draft().isEmpty()) return;
   TornNotes* torn = m_services.torn ? m_services.torn() : nullptr;
   if (torn) torn->tearOffTask(task, std::nullopt);
   m_onClosed();

@@ -22,7 +22,7 @@ class TaskNoteView final : public QWidget {
   TaskNoteView(const BoardServices& services, std::function<void()> onClosed, QWidget* parent);
   void begin(const TaskPtr& task, const QStringList& boards);
   [[nodiscard]] const TaskPtr& task() const { return m_task; }
-  /// Writes the fields back and closes; blank text is refused and stays open.
+  /// Writes the fields back and closes. Stays open with what was typed for blank text and after a failed save.
   void save();
   /// Saves, puts the note on the desktop and closes.
   void tearOff();

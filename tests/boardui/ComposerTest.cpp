@@ -316,6 +316,36 @@ TEST_F(Composer, anEmptiedNoteStaysOpenAndUnwritten) {
   EXPECT_EQ(desk.stored(task->id())->text, u"keep me"_s);
 }
 
+TEST_F(Composer, losesNothingThatWasTypedWhenItCannotBeSaved) {
+  const auto task = desk.add(u"old"_s);
+  open().showEditor(task);
+  settle();
+  type(u" and new"_s);
+  desk.refuseWrites();
+  for (const auto& button : {u"Save"_s, u"Tear off"_s}) {
+    click(button);
+    EXPECT_EQ(open().viewState(), ContentView::ViewState::edit);
+    EXPECT_EQ(form().text().noteText(), u"old and new"_s);
+    EXPECT_EQ(task->text(), u"old"_s);
+    EXPECT_FALSE(desk.torn.isOpen(task->id()));
+  }
+  desk.allowWrites();
+  click(u"Save"_s);
+  EXPECT_EQ(desk.stored(task->id())->text, u"old and new"_s);
+  EXPECT_EQ(open().viewState(), ContentView::ViewState::list);
+
+  compose();
+  type(u"fresh"_s);
+  desk.refuseWrites();
+  stick();
+  EXPECT_EQ(open().viewState(), ContentView::ViewState::add);
+  EXPECT_EQ(form().text().noteText(), u"fresh"_s);
+  EXPECT_TRUE(desk.torn.open.empty());
+  desk.allowWrites();
+  stick();
+  EXPECT_EQ(desk.torn.open.size(), 1u);
+}
+
 TEST_F(Composer, keepsTheApplicationThatANoteIsPinnedTo) {
   const auto task = desk.add(u"pinned"_s, [](auto& r) { r.pinnedBundleID = u"org.mail"_s; });
   visit(u"org.term"_s, u"Terminal"_s);

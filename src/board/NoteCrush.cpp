@@ -95,7 +95,7 @@ void NoteCrush::abort() {
   m_flight.cancel();
   setCrushing(false);
   Q_EMIT aborted();
-  if (std::exchange(m_hasClosedWindow, false) && m_task->isTornOff()) {
+  if (std::exchange(m_hasClosedWindow, false) && m_task->isTornOff() && !isOver()) {
     tornNotes(m_services).tearOffTask(m_task, std::nullopt);
   }
 }
@@ -140,8 +140,18 @@ void NoteCrush::fly(const DesktopRect& from, const QImage& picture, std::functio
 
 std::function<void()> NoteCrush::ifStillWanted(std::function<void()> work) {
   return [self = QPointer(this), generation = m_generation, work = std::move(work)] {
-    if (self && self->m_isCrushing && self->m_generation == generation) work();
+    if (!self || !self->m_isCrushing || self->m_generation != generation) return;
+    if (self->isOver()) {
+      self->abort();
+    } else {
+      work();
+    }
   };
+}
+
+bool NoteCrush::isOver() const {
+  return m_task->isCompleted() || m_task->isBurned() ||
+         m_services.container.mainContext().findTask(m_task->id()) != m_task;
 }
 
 void NoteCrush::finishCard(bool wasTornOff, const std::optional<QDateTime>& previousDueDate) {

@@ -62,6 +62,8 @@ class NoteCrush final : public QObject {
   void fly(const DesktopRect& from, const QImage& picture, std::function<void()> landed);
   /// The callback, unless the crush was aborted or this object is gone by then.
   [[nodiscard]] std::function<void()> ifStillWanted(std::function<void()> work);
+  /// Finished, burned or deleted by something else while the paper flew.
+  [[nodiscard]] bool isOver() const;
   void finishCard(bool wasTornOff, const std::optional<QDateTime>& previousDueDate);
   void finishTorn(const std::function<void()>& onRedock);
   void setCrushing(bool isCrushing);

@@ -14,11 +14,17 @@
 #include "platform/Clock.h"
 #include "platform/Haptics.h"
 
+#include <QCoreApplication>
+
 namespace tarnwick {
 
 namespace {
 
 const QTime kRepeatTime(9, 0);
+
+struct Words {
+  Q_DECLARE_TR_FUNCTIONS(tarnwick::NoteEditing)
+};
 
 std::optional<QDateTime> utc(const std::optional<QDateTime>& moment) {
   if (!moment) return std::nullopt;
@@ -126,6 +132,9 @@ Result<TaskPtr> NoteEditing::create(const NoteDraft& draft, const NoteExtras& ex
 
 Result<bool> NoteEditing::save(Task& task, const NoteDraft& draft, const NoteExtras& extras) {
   if (draft.isEmpty()) return false;
+  if (m_services.container.mainContext().findTask(task.id()).get() != &task) {
+    return Error{ErrorKind::NotFound, Words::tr("the note is gone")};
+  }
   const TaskRecord before = task.record();
   const NoteDraft was = NoteDraft::of(task);
   const auto isToWrite = [&](const auto& now, const auto& then) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "board/NoteCrush.h"
 
+#include "board/Ashes.h"
 #include "board/DeskDuties.h"
 #include "model/AppNotesPrefs.h"
 #include "support/Desk.h"
@@ -183,6 +184,33 @@ TEST_F(Crush, landsOnceWhenTheFirstFlightWasTakenBack) {
   desk.flight.land();
   EXPECT_TRUE(task->isCompleted());
   EXPECT_EQ(told.size(), 1);
+}
+
+TEST_F(Crush, endsWithoutEffectWhenTheNoteIsOverBeforeThePaperLands) {
+  const auto as = [](auto change) { return std::function<void(const TaskPtr&)>(change); };
+  const std::vector<std::pair<const char*, std::function<void(const TaskPtr&)>>> rows{
+      {"burned", as([this](const TaskPtr& task) { burn(*task, desk.time.now()); })},
+      {"crushed elsewhere", as([this](const TaskPtr& task) { ASSERT_TRUE(crushAtOnce(desk.services, *task).isOk()); })},
+      {"deleted", as([this](const TaskPtr& task) { desk.notes().remove(task); })},
+  };
+  for (const auto& [name, change] : rows) {
+    for (const bool isTorn : {false, true}) {
+      const auto task = oneOff([](auto& r) { r.isTornOff = true; });
+      const auto crush = isTorn ? tornNote(task) : card(task);
+      crush->crush();
+      change(task);
+      const auto before = task->record();
+      const auto last = desk.undo.last;
+      QSignalSpy told(&desk.center, &NotificationCenter::crushDidComplete);
+      desk.time.advance(1s);
+      desk.flight.land();
+      EXPECT_EQ(task->record(), before) << name;
+      EXPECT_EQ(desk.undo.last, last) << name;
+      EXPECT_EQ(told.size(), 0) << name;
+      EXPECT_FALSE(crush->isCrushing()) << name;
+      EXPECT_TRUE(isTorn || !desk.torn.isOpen(task->id())) << name;
+    }
+  }
 }
 
 TEST_F(Crush, endsWithoutEffectWhenItsViewIsGone) {

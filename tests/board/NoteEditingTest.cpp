@@ -227,6 +227,16 @@ TEST_F(NoteEditing, restoresANoteWhoseEditCannotBeSaved) {
   EXPECT_EQ(desk.stored(task->id()), before);
 }
 
+TEST_F(NoteEditing, doesNotBringBackANoteThatIsGone) {
+  const auto task = desk.add(u"old"_s);
+  desk.notes().remove(task);
+  ASSERT_TRUE(desk.notes().save().isOk());
+  QSignalSpy told(&desk.center, &NotificationCenter::taskDidUpdate);
+  EXPECT_FALSE(save(task, [](NoteDraft& d) { d.text = u"new"_s; }));
+  EXPECT_TRUE(desk.notes().fetchTasks().empty());
+  EXPECT_EQ(told.size(), 0);
+}
+
 TEST_F(NoteEditing, keepsToTheLetterWhatWasNotNamed) {
   const auto task = desk.add(u" spaced "_s, [](auto& r) {
     r.paperThemeRaw = u"velvet"_s;

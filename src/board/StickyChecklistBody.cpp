@@ -8,6 +8,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QTextBoundaryFinder>
 #include <QTextOption>
 
 #include <algorithm>
@@ -20,6 +21,21 @@ constexpr double kOpenOpacity = 0.88;
 constexpr double kPlainOpacity = 0.88;
 constexpr double kBoxOpenOpacity = 0.70;
 constexpr double kBoxDoneOpacity = 0.40;
+
+/// More than this no line of a card can hold, however narrow its letters are.
+constexpr int kMostOfALine = 400;
+
+/// As much of the text as fits with dots behind it, cut between what people see as characters.
+QString elided(const QString& text, const QFontMetricsF& metrics, double room) {
+  const QString dots(QChar(0x2026));
+  const auto fits = [&](const QString& part) { return metrics.horizontalAdvance(part + dots) <= room; };
+  if (fits(text)) return text + dots;
+  std::vector<qsizetype> ends;
+  QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
+  for (auto end = finder.toNextBoundary(); end > 0; end = finder.toNextBoundary()) ends.push_back(end);
+  const auto first = std::ranges::partition_point(ends, [&](qsizetype end) { return fits(text.left(end).trimmed()); });
+  return (first == ends.begin() ? QString() : text.left(*std::prev(first)).trimmed()) + dots;
+}
 
 struct Wrapped {
   int lines = 0;
@@ -43,7 +59,8 @@ StickyChecklistBody::StickyChecklistBody(const QString& text, const Style& style
     row.isDone = row.isBox && StickyChecklist::isDoneLine(lines[index]);
     row.isPlainText = !hasBoxes;
     row.top = y;
-    const QString words = row.isBox ? StickyChecklist::label(lines[index]) : lines[index];
+    QString words = row.isBox ? StickyChecklist::label(lines[index]) : lines[index];
+    if (style.maxLines > 0) words.truncate(qsizetype{style.maxLines} * kMostOfALine);  // shaping costs by the letter
     const double indent = row.isBox ? style.boxSize + kBoxGap : 0;
     QFont font = style.font;
     font.setStrikeOut(row.isDone);
@@ -86,16 +103,8 @@ StickyChecklistBody::StickyChecklistBody(const QString& text, const Style& style
       m_isElided = true;
       const double cut = used + wrapped.lines == 1 ? style.firstLineInset : 0;
       const double room = style.width - indent - cut;
-      const QFontMetricsF metrics(font);
-      QString tail = words.mid(wrapped.lastLineStart);
-      const QString dots(QChar(0x2026));
-      if (metrics.horizontalAdvance(tail + dots) <= room) {
-        tail += dots;
-      } else {
-        while (!tail.isEmpty() && metrics.horizontalAdvance(tail.trimmed() + dots) > room - 1) tail.chop(1);
-        tail = tail.trimmed() + dots;
-      }
-      wrapped = layOut(words.left(wrapped.lastLineStart) + tail);
+      const QString tail = words.mid(wrapped.lastLineStart, kMostOfALine);
+      wrapped = layOut(words.left(wrapped.lastLineStart) + elided(tail, QFontMetricsF(font), room - 1));
     }
     const int count = std::max(1, wrapped.lines);
     if (row.isBox) {
@@ -166,6 +175,12 @@ int StickyChecklistBody::checklistLineAt(const QPointF& point) const {
     return fromLead <= m_style.boxSize + kBoxGap + reach + 6 ? row.line : -1;
   }
   return -1;
+}
+
+QString StickyChecklistBody::shownText() const {
+  QStringList rows;
+  for (const Row& row : m_rows) rows << row.layout->text();
+  return rows.join(u'\n');
 }
 
 QString StickyChecklistBody::counter(const QString& text) {

@@ -44,6 +44,8 @@ class StickyChecklistBody final {
 
   [[nodiscard]] double height() const { return m_height; }
   [[nodiscard]] bool isElided() const { return m_isElided; }
+  /// The words as they stand there, with the dots of what is left out.
+  [[nodiscard]] QString shownText() const;
   void paint(QPainter& painter, const QPointF& origin) const;
   /// Index of the checklist line of the text under a point relative to the origin; -1 for none.
   [[nodiscard]] int checklistLineAt(const QPointF& point) const;

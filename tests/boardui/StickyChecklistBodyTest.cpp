@@ -74,6 +74,41 @@ TEST(ChecklistBody, elidesTheLastOfTheLinesItMayUse) {
   EXPECT_DOUBLE_EQ(longWord.height(), 4 * 17);
 }
 
+TEST(ChecklistBody, costsNoMoreForATextWithoutAnEnd) {
+  auto four = style();
+  four.maxLines = 4;
+  struct Row {
+    const char* name;
+    QString text;
+  };
+  const Row rows[] = {
+      {"one word", QString(100'000, u'i')},
+      {"words", u"wall "_s.repeated(20'000)},
+      {"lines", u"- [ ] x\n"_s.repeated(10'000)},
+      {"accents", u'a' + QString(100'000, QChar(0x0301))},
+      {"both ways", u"שלום hello "_s.repeated(10'000)},
+  };
+  for (const auto& row : rows) {
+    const StickyChecklistBody body(row.text, four);
+    EXPECT_LE(body.height(), 4 * 17) << row.name;
+    EXPECT_GT(body.height(), 0) << row.name;
+  }
+}
+
+TEST(ChecklistBody, cutsBetweenWhatPeopleSeeAsCharacters) {
+  auto one = style();
+  one.maxLines = 1;
+  // A family, a flag, a letter with its accents: no half of one may be left before the dots.
+  for (const QString& character : {u"👨‍👩‍👧"_s, u"🇩🇪"_s, u"e\u0301\u0323"_s}) {
+    for (double width = 60; width < 80; width += 1) {
+      one.width = width;
+      const QString shown = StickyChecklistBody(character.repeated(60), one).shownText();
+      EXPECT_TRUE(shown.endsWith(QChar(0x2026)));
+      EXPECT_EQ(shown.chopped(1), character.repeated((shown.size() - 1) / character.size())) << width;
+    }
+  }
+}
+
 TEST(ChecklistBody, leavesTheFirstLineRoomForTheCircle) {
   auto narrow = style();
   narrow.firstLineInset = 60;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "board/ChoiceRow.h"
 
+#include "effects/PlainToolTip.h"
+
 #include <QAccessibleWidget>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -236,7 +238,7 @@ bool ChoiceRow::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip) {
     const auto* help = static_cast<QHelpEvent*>(event);
     const int index = indexAt(help->pos());
-    QToolTip::showText(help->globalPos(), index < 0 ? QString() : itemName(index), this);
+    QToolTip::showText(help->globalPos(), index < 0 ? QString() : plainToolTip(itemName(index)), this);
     return true;
   }
   return QWidget::event(event);

@@ -4,6 +4,7 @@
 #include "board/NoteWall.h"
 #include "board/NoteWallAccessible.h"
 #include "effects/Controls.h"
+#include "effects/PlainToolTip.h"
 #include "model/NotificationCenter.h"
 #include "platform/Clock.h"
 #include "platform/Scheduler.h"
@@ -390,7 +391,7 @@ bool NoteWall::event(QEvent* event) {
         const TaskStickyCard* target = card(m_notes[static_cast<std::size_t>(index)]->id());
         const auto hit = target->hit(toCard(index, help->pos()));
         words = target->partName(hit.part);
-        if (hit.part == CardPart::Paper && target->face().body().isElided()) words = target->face().text;
+        if (hit.part == CardPart::Paper && target->face().body().isElided()) words = plainToolTip(target->face().text);
       }
       QToolTip::showText(help->globalPos(), words, this);
       return true;

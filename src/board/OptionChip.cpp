@@ -3,6 +3,7 @@
 
 #include "effects/Controls.h"
 #include "effects/PixmapCache.h"
+#include "effects/PlainToolTip.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
 
@@ -70,7 +71,7 @@ bool OptionChip::event(QEvent* event) {
     // A value that does not fit is told whole.
     const QFontMetricsF metrics(font());
     if (metrics.horizontalAdvance(text()) > width() - kLead - kSymbol - 2 * kGap - kTrail - kTail) {
-      QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+      QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(text()), this);
     }
     return true;
   }

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "BoardHarness.h"
 
+#include <QHelpEvent>
 #include <QSignalSpy>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWheelEvent>
 
 namespace tarnwick::test {
@@ -209,6 +212,28 @@ TEST_F(Wall, theMenuOfACardDoesWhatItsToolsDo) {
   wall().rest();
   pick(u"Edit"_s);
   EXPECT_EQ(open().viewState(), ContentView::ViewState::edit);
+}
+
+TEST_F(Wall, aTipShowsTheWholeTextAndObeysNoMarkup) {
+  const auto tip = [&](const QString& text) {
+    desk.time.jump(1s);
+    const auto task = desk.add(text);
+    settle();
+    const QPoint at = pointOn(task, kPaper);
+    QHelpEvent asks(QEvent::ToolTip, at, wall().mapToGlobal(at));
+    QApplication::sendEvent(&wall(), &asks);
+    QTextDocument shown;
+    shown.setHtml(QToolTip::text());
+    QToolTip::hideText();
+    return shown.toPlainText();
+  };
+  open();
+  EXPECT_EQ(tip(u"short <b>and</b> plain"_s), QString());
+  const QString marked = u"<img src=\"file:///etc/passwd\"> & <h1>loud</h1>\n\n  two\nthree\nfour\nfive"_s;
+  EXPECT_EQ(tip(marked), marked);
+  const QString endless = tip(QString(100'000, u'w'));
+  EXPECT_LT(endless.size(), 1000);
+  EXPECT_TRUE(endless.endsWith(QChar(0x2026)));
 }
 
 TEST_F(Wall, theMenuOfACardSetsItsTag) {

@@ -301,12 +301,15 @@ void NoteWall::keyPressEvent(QKeyEvent* event) {
 }
 
 void NoteWall::contextMenuEvent(QContextMenuEvent* event) {
-  const int index = indexAt(event->pos());
+  // The menu key means what is selected, wherever the pointer is.
+  const bool isByKey = event->reason() == QContextMenuEvent::Keyboard;
+  const int index = !isByKey ? indexAt(event->pos()) : m_selection ? indexOf(*m_selection) : -1;
   if (index < 0) {
     event->ignore();
     return;
   }
-  popUpMenu(m_notes[static_cast<std::size_t>(index)]->id(), event->globalPos());
+  popUpMenu(m_notes[static_cast<std::size_t>(index)]->id(),
+            isByKey ? mapToGlobal(cardRect(index).center().toPoint()) : event->globalPos());
 }
 
 void NoteWall::popUpMenu(const QUuid& id, const QPoint& globalPoint) {

@@ -214,6 +214,18 @@ TEST_F(Wall, theMenuOfACardDoesWhatItsToolsDo) {
   EXPECT_EQ(open().viewState(), ContentView::ViewState::edit);
 }
 
+TEST_F(Wall, theMenuKeyBringsTheMenuOfTheSelectedCard) {
+  const auto notes = addNotes(2);
+  open();
+  key(Qt::Key_Right);
+  key(Qt::Key_Right);
+  const QPoint middle = wall().rect().center();
+  QContextMenuEvent asks(QContextMenuEvent::Keyboard, middle, wall().mapToGlobal(middle));
+  QApplication::sendEvent(&wall(), &asks);
+  chooseFromMenu(u"Daily three"_s);
+  EXPECT_TRUE(notes[1]->isDaily3());
+}
+
 TEST_F(Wall, aTipShowsTheWholeTextAndObeysNoMarkup) {
   const auto tip = [&](const QString& text) {
     desk.time.jump(1s);

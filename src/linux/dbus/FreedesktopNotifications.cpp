@@ -8,6 +8,7 @@
 #include "platform/Workspace.h"
 
 #include <QCoreApplication>
+#include <QDBusError>
 #include <QDBusReply>
 
 #include <algorithm>
@@ -24,6 +25,12 @@ const QString kPath = QStringLiteral("/org/freedesktop/Notifications");
 constexpr uchar kUrgencyNormal = 1;
 // A clock that is moved without anybody saying so is noticed after this at the latest.
 constexpr std::chrono::milliseconds kLongestWait = 1h;
+
+/// Whether an answer says that nobody serves notifications now.
+bool isAbsence(const QDBusError& error) {
+  return error.type() == QDBusError::ServiceUnknown || error.type() == QDBusError::NoReply ||
+         error.name().startsWith(u"org.freedesktop.DBus.Error.Spawn.");
+}
 
 QDBusMessage callTo(const QString& method) {
   return QDBusMessage::createMethodCall(kService, kPath, kService, method);
@@ -49,14 +56,19 @@ FreedesktopNotifications::FreedesktopNotifications(const Clock& clock, Scheduler
 FreedesktopNotifications::~FreedesktopNotifications() = default;
 
 PortTraits FreedesktopNotifications::traits() const {
-  return m_hasBus ? PortTraits::served(QStringLiteral("freedesktop"))
-                  : PortTraits::unavailable(QCoreApplication::translate("Notifications", "no session bus"));
+  if (!m_hasBus) return PortTraits::unavailable(QCoreApplication::translate("Notifications", "no session bus"));
+  if (m_isAbsent) {
+    return PortTraits::unavailable(QCoreApplication::translate("Notifications", "this desktop shows no notifications"));
+  }
+  return PortTraits::served(QStringLiteral("freedesktop"));
 }
 
 void FreedesktopNotifications::requestAuthorization() { askCapabilities(); }
 
 void FreedesktopNotifications::add(const NotificationRequest& request) {
-  std::erase_if(m_pending, [&](const auto& each) { return each.identifier == request.identifier; });
+  for (auto* waiting : {&m_pending, &m_missed}) {
+    std::erase_if(*waiting, [&](const auto& each) { return each.identifier == request.identifier; });
+  }
   const auto place = std::upper_bound(m_pending.begin(), m_pending.end(), request,
                                       [](const auto& a, const auto& b) { return a.firesAt < b.firesAt; });
   m_pending.insert(place, request);
@@ -64,7 +76,9 @@ void FreedesktopNotifications::add(const NotificationRequest& request) {
 }
 
 void FreedesktopNotifications::remove(const QStringList& identifiers) {
-  std::erase_if(m_pending, [&](const auto& each) { return identifiers.contains(each.identifier); });
+  for (auto* waiting : {&m_pending, &m_missed}) {
+    std::erase_if(*waiting, [&](const auto& each) { return identifiers.contains(each.identifier); });
+  }
   m_shown.removeIf([&](const auto& shown) {
     if (!identifiers.contains(shown.value())) return false;
     withdraw(shown.key());
@@ -123,10 +137,13 @@ void FreedesktopNotifications::show(const NotificationRequest& request) {
        << (m_hasMarkup ? request.body.toHtmlEscaped() : request.body) << actions << hints << -1;
   m_asked.insert(request.identifier);
   m_unwanted.remove(request.identifier);
-  ask(QDBusConnection::sessionBus(), call, this, [this, identifier = request.identifier](const QDBusMessage& answer) {
+  ask(QDBusConnection::sessionBus(), call, this, [this, request](const QDBusMessage& answer) {
     const QDBusReply<uint> id = answer;
+    const QString& identifier = request.identifier;
     m_asked.remove(identifier);
     const bool isUnwanted = m_unwanted.remove(identifier);
+    m_isAbsent = isAbsence(id.error());
+    if (m_isAbsent && !isUnwanted) m_missed.push_back(request);
     if (!id.isValid()) return;
     // A slow server shows what was removed before it answered.
     if (isUnwanted) {
@@ -148,6 +165,7 @@ void FreedesktopNotifications::askCapabilities() {
   if (!m_hasBus) return;
   ask(QDBusConnection::sessionBus(), callTo(QStringLiteral("GetCapabilities")), this, [this](const QDBusMessage& answer) {
     const QDBusReply<QStringList> words = answer;
+    m_isAbsent = isAbsence(words.error());
     if (!words.isValid()) return;
     m_hasMarkup = words.value().contains(u"body-markup");
     m_hasActions = words.value().contains(u"actions");
@@ -163,7 +181,9 @@ void FreedesktopNotifications::notificationClosed(uint id, uint) { m_shown.remov
 
 void FreedesktopNotifications::serviceChanged(const QString&, const QString&, const QString& newOwner) {
   m_shown.clear();  // numbers of a server that is gone
-  if (!newOwner.isEmpty()) askCapabilities();
+  if (newOwner.isEmpty()) return;
+  askCapabilities();
+  for (const auto& request : std::exchange(m_missed, {})) show(request);
 }
 
 }  // namespace tarnwick

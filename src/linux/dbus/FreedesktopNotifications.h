@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Notifications through the desktop's server. The servers know no later delivery, so requests wait here and fire while
-// Tarnwick runs; they are planned anew when the clock is moved.
+// Tarnwick runs; they are planned anew when the clock is moved. What is due while there is no server waits for one.
 #pragma once
 
 #include "linux/Observers.h"
@@ -51,7 +51,9 @@ class FreedesktopNotifications final : public QObject, public UserNotifications 
   QHash<uint, QString> m_shown;                // server's number -> identifier
   QSet<QString> m_asked;                       // on their way to the server
   QSet<QString> m_unwanted;                    // of those, what was removed meanwhile
+  std::vector<NotificationRequest> m_missed;   // due while nobody could show them
   bool m_hasBus = false;
+  bool m_isAbsent = false;  // by the last answer
   bool m_hasMarkup = false;
   bool m_hasActions = true;
   Registration m_timer;

@@ -47,6 +47,7 @@ struct BurnCountdown {
   int minutes = 0;  // whole ones until the next midnight
   QString label;    // "3 burn in 2h 5m"
   bool isUrgent = false;
+  bool operator==(const BurnCountdown&) const = default;
 };
 [[nodiscard]] BurnCountdown burnCountdown(int count, const QDateTime& now, const Calendar& calendar);
 /// "45m", "2h 5m".

@@ -67,10 +67,13 @@ BurnCountdownLabel::BurnCountdownLabel(QWidget* parent) : QWidget(parent) {
   const QString explanation = tr("Uncrushed notes without a due date turn to ash at midnight.");
   setToolTip(explanation);
   setAccessibleDescription(explanation);
+  hide();
 }
 
 void BurnCountdownLabel::setCountdown(int count, const BurnCountdown& countdown) {
-  m_countdown = count > 0 ? countdown : BurnCountdown{};
+  const BurnCountdown shown = count > 0 ? countdown : BurnCountdown{};
+  if (shown == m_countdown) return;
+  m_countdown = shown;
   setVisible(count > 0);
   setAccessibleName(m_countdown.label);
   updateGeometry();

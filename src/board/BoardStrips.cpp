@@ -113,7 +113,9 @@ QSize AshesStrip::sizeHint() const {
 }
 
 void AshesStrip::setCount(int count) {
-  setText(tr("%1 burned last night · Revive").arg(count));
+  const QString words = tr("%1 burned last night · Revive").arg(count);
+  if (words == text()) return;
+  setText(words);
   setAccessibleName(text());
   update();
 }

@@ -50,9 +50,9 @@ ContentView::Content::Content(ContentView& owner, const BoardServices& given)
 void ContentView::Content::connectAll() {
   undoKey->onUndo = [this] { undo(); };
   connect(&services.container, &ModelContainer::didSave, &view, [this] { scheduleReload(); });
-  connect(&services.defaults, &UserDefaults::changed, &view, [this] {
+  connect(&services.defaults, &UserDefaults::changed, &view, [this](const QString& key) {
     refresh();
-    view.update();
+    if (key == keys::kBoardMood) view.update();
   });
   connect(&services.context, &ContextEngine::snapshotChanged, &view, [this] { refresh(); });
   connect(&services.updates, &UpdateChecker::changed, &view, [this] { refresh(); });

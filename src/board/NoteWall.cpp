@@ -37,7 +37,8 @@ NoteWall::~NoteWall() {
 }
 
 void NoteWall::setNotes(const TaskList& notes) {
-  if (notes != m_notes) {
+  bool hasChanged = notes != m_notes;
+  if (hasChanged) {
     m_notes = notes;
     m_indexes.clear();
     m_indexes.reserve(static_cast<int>(notes.size()));
@@ -48,13 +49,14 @@ void NoteWall::setNotes(const TaskList& notes) {
     dropDistantCards();
     NoteWallAccessible::notesChanged(*this);
   }
-  for (auto& [id, card] : m_cards) card->refresh();
+  for (auto& [id, card] : m_cards) hasChanged |= card->refresh();
   scrollTo(m_offset);
   updateBreath();
-  update();
+  if (hasChanged) update();
 }
 
 void NoteWall::setMark(const QString& mark) {
+  if (mark == m_mark) return;
   m_mark = mark;
   for (auto& [id, card] : m_cards) card->setAppearance(appearance());
   update();
@@ -68,6 +70,7 @@ void NoteWall::setEmptyText(const QString& text) {
 }
 
 void NoteWall::setInsets(int top, int bottom) {
+  if (top == m_topInset && bottom == m_bottomInset) return;
   m_topInset = top;
   m_bottomInset = bottom;
   scrollTo(m_offset);

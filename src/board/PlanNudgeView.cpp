@@ -174,6 +174,7 @@ void PlanNudgeView::setNudge(const PlanNudge& nudge, Sky sky) {
 }
 
 void PlanNudgeView::setMood(BoardMood mood) {
+  if (mood == m_mood) return;
   m_mood = mood;
   update();
 }

@@ -48,6 +48,7 @@ StatsSlip::StatsSlip(QWidget* parent)
 }
 
 void StatsSlip::setStats(const BoardStats& stats) {
+  if (stats == m_stats && !accessibleDescription().isEmpty()) return;
   m_stats = stats;
   setAccessibleDescription(QStringLiteral("%1 %2, %3 %4, %5 %6")
                                .arg(tr("Crushed"))

@@ -242,6 +242,31 @@ TEST_F(Board, countsDownByTheMinuteWhileItIsSeen) {
   EXPECT_FALSE(label.isVisible());
 }
 
+TEST_F(Board, paintsNothingInAMinuteThatChangesNothing) {
+  struct Paints final : QObject {
+    int count = 0;
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::Paint) ++count;
+      return false;
+    }
+  } paints;
+  desk.add(u"dated"_s, [&](auto& r) { r.dueDate = desk.at(u"2026-03-05T14:00:00"_s); });
+  open();
+  click(u"Search"_s);
+  wall().setFocus();
+  settle(2s);
+  open().installEventFilter(&paints);
+  for (auto* part : open().findChildren<QWidget*>()) part->installEventFilter(&paints);
+  desk.time.advance(65s);
+  (void)desk.defaults.setText(keys::kDismissedUpdateVersion, u"0.1"_s);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(paints.count, 0);
+  wall().notes()[0]->set(&TaskRecord::text, u"changed"_s);
+  ASSERT_TRUE(desk.notes().save().isOk());
+  QCoreApplication::processEvents();
+  EXPECT_GT(paints.count, 0);
+}
+
 TEST_F(Board, greetsAnEmptyWallByTheHour) {
   desk.time.setLocal(u"2026-03-03T11:59:40"_s);
   open();

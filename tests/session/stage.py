@@ -15,6 +15,7 @@ from Xlib.protocol import event
 from driver import Failure, Tarnwick, wait, xdo
 
 ALL_DESKTOPS = 0xFFFFFFFF
+LIBRARIES = list(pathlib.Path("/usr/lib").glob("*/faketime/libfaketime.so.1"))
 
 
 def expect(condition, what):
@@ -50,6 +51,21 @@ def sleeps_and_wakes():
         subprocess.run(["gdbus", "call", "--system", "-d", "org.freedesktop.login1", "-o", "/org/freedesktop/login1", "-m",
                         "org.freedesktop.DBus.Mock.EmitSignal", "org.freedesktop.login1.Manager", "PrepareForSleep", "b",
                         f"[<{argument}>]"], check=True, capture_output=True)
+
+
+class WallClock:
+    """A clock that stands at the moment that was set last."""
+
+    def __init__(self):
+        expect(LIBRARIES, "libfaketime is installed")
+        self.file = pathlib.Path(os.environ["DESKTOP_DIR"]) / "faketime"
+        self.environment = {"LD_PRELOAD": str(LIBRARIES[0]), "FAKETIME_TIMESTAMP_FILE": str(self.file),
+                            "FAKETIME_NO_CACHE": "1", "DONT_FAKE_MONOTONIC": "1"}
+
+    def set(self, day, time):
+        staged = self.file.with_suffix(".new")
+        staged.write_text(f"{day} {time}\n")
+        staged.rename(self.file)
 
 
 class XServer:

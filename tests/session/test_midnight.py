@@ -6,27 +6,10 @@ import os
 import pathlib
 
 from driver import wait
-from stage import expect, play, sleeps_and_wakes
-
-LIBRARIES = list(pathlib.Path("/usr/lib").glob("*/faketime/libfaketime.so.1"))
-
-
-class WallClock:
-    """A clock that stands at the moment that was set last."""
-
-    def __init__(self):
-        self.file = pathlib.Path(os.environ["DESKTOP_DIR"]) / "faketime"
-        self.environment = {"LD_PRELOAD": str(LIBRARIES[0]), "FAKETIME_TIMESTAMP_FILE": str(self.file),
-                            "FAKETIME_NO_CACHE": "1", "DONT_FAKE_MONOTONIC": "1"}
-
-    def set(self, day, time):
-        staged = self.file.with_suffix(".new")
-        staged.write_text(f"{day} {time}\n")
-        staged.rename(self.file)
+from stage import WallClock, expect, play, sleeps_and_wakes
 
 
 def scene(tarnwick, server, say):
-    expect(LIBRARIES, "libfaketime is installed")
     today = datetime.date(2027, 3, 9)
     clock = WallClock()
     clock.set(today, "23:58:00")

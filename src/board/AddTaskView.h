@@ -2,20 +2,16 @@
 // The composer of a new note.
 #pragma once
 
-#include "board/BoardServices.h"
 #include "board/NoteEditing.h"
-
-#include <QWidget>
+#include "board/NotePage.h"
 
 #include <functional>
 
 namespace tarnwick {
 
-class NoteForm;
 class PrimaryButton;
-class ToolButton;
 
-class AddTaskView final : public QWidget {
+class AddTaskView final : public NotePage {
   Q_OBJECT
 
  public:
@@ -30,21 +26,13 @@ class AddTaskView final : public QWidget {
   [[nodiscard]] bool isEmpty() const;
   /// Stores the note and sticks it to the desktop. Nothing at all for blank text.
   void create();
-  [[nodiscard]] NoteForm& form() { return *m_form; }
-  void takeFocus();
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
+  void submit() override { create(); }
+  void leave() override { m_actions.onCancel(); }
 
  private:
-  void cancel();
-
-  const BoardServices& m_services;
   Actions m_actions;
-  NoteForm* m_form;
-  ToolButton* m_close;
   PrimaryButton* m_stick;
 };
 

@@ -2,20 +2,14 @@
 // The full editor of a note on the board.
 #pragma once
 
-#include "board/BoardServices.h"
+#include "board/NotePage.h"
 #include "model/Task.h"
-
-#include <QWidget>
 
 #include <functional>
 
 namespace tarnwick {
 
-class NoteForm;
-class PrimaryButton;
-class ToolButton;
-
-class TaskNoteView final : public QWidget {
+class TaskNoteView final : public NotePage {
   Q_OBJECT
 
  public:
@@ -26,25 +20,16 @@ class TaskNoteView final : public QWidget {
   void save();
   /// Saves, puts the note on the desktop and closes.
   void tearOff();
-  [[nodiscard]] NoteForm& form() { return *m_form; }
-  void takeFocus();
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
+  void submit() override { save(); }
+  void leave() override { m_onClosed(); }
 
  private:
-  void cancel();
   bool write();
 
-  const BoardServices& m_services;
   std::function<void()> m_onClosed;
   TaskPtr m_task;
-  NoteForm* m_form;
-  ToolButton* m_back;
-  ToolButton* m_tear;
-  PrimaryButton* m_save;
 };
 
 }  // namespace tarnwick

@@ -65,12 +65,15 @@ void NotificationEngine::cancel(const QUuid& id) {
   QStringList identifiers;
   for (const QString& suffix : kSuffixes) identifiers.append(identifier(id, suffix));
   m_notifications.remove(identifiers);
+  std::erase_if(m_later, [&](const auto& each) { return identifiers.contains(each.identifier); });
 }
 
 void NotificationEngine::rescheduleAll(const TaskList& tasks) {
   m_notifications.removeAll();
   const auto now = m_clock.now();
   const auto calendar = Calendar::of(m_clock);
+  std::erase_if(m_later, [&](const auto& each) { return each.firesAt <= now; });
+  for (const auto& request : m_later) m_notifications.add(request);
   for (const TaskPtr& task : tasks) {
     for (const auto& request : requests(task->record(), now, calendar)) m_notifications.add(request);
   }
@@ -79,7 +82,9 @@ void NotificationEngine::rescheduleAll(const TaskList& tasks) {
 void NotificationEngine::remindLater(const Task& task, const QString& identifier) {
   for (const QString& suffix : kSuffixes) {
     if (!identifier.endsWith(suffix)) continue;
-    m_notifications.add(requestFor(task.record(), suffix, m_clock.now().addSecs(kLaterSeconds)));
+    std::erase_if(m_later, [&](const auto& each) { return each.identifier == identifier; });
+    m_later.push_back(requestFor(task.record(), suffix, m_clock.now().addSecs(kLaterSeconds)));
+    m_notifications.add(m_later.back());
   }
 }
 

@@ -23,7 +23,7 @@ class NotificationEngine final {
   /// Replaces the note's pending requests.
   void schedule(const Task& task);
   void cancel(const QUuid& id);
-  /// Plans everything anew; what is on the screen stays there.
+  /// Plans everything anew; what is on the screen stays there, and what was put off comes as it was put off.
   void rescheduleAll(const TaskList& tasks);
   /// Asks again in an hour, until the note is scheduled anew.
   void remindLater(const Task& task, const QString& identifier);
@@ -35,6 +35,7 @@ class NotificationEngine final {
   [[nodiscard]] static QUuid noteOf(const QString& identifier);
 
  private:
+  std::vector<NotificationRequest> m_later;  // put off by the user
   UserNotifications& m_notifications;
   const Clock& m_clock;
 };

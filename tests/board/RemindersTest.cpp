@@ -46,9 +46,13 @@ TEST_F(Reminders, askAgainInAnHourUntilTheNoteIsScheduledAnew) {
   desk.reminders.remindLater(*task, identifier);
   EXPECT_EQ(pending(task), QStringList{u"-due 2026-03-04 15:00 Due now"_s});
   EXPECT_EQ(desk.notifications.requests[0].actions.size(), 2u);
+  desk.reminders.rescheduleAll({task});
+  EXPECT_EQ(pending(task), QStringList{u"-due 2026-03-04 15:00 Due now"_s}) << "the clock was set: still in an hour";
   task->set(&TaskRecord::dueDate, desk.at(u"2026-03-04T14:10:00"_s));
   desk.reminders.schedule(*task);
   EXPECT_EQ(pending(task), QStringList{u"-due 2026-03-04 14:10 Due now"_s});
+  desk.reminders.rescheduleAll({task});
+  EXPECT_EQ(pending(task), QStringList{u"-due 2026-03-04 14:10 Due now"_s}) << "a new date is no longer put off";
   desk.reminders.remindLater(*task, u"tray-missing"_s);
   EXPECT_EQ(desk.notifications.requests.size(), 1u);
 }

@@ -36,6 +36,7 @@ QString CardFace::key() const {
       rawValue(tag),
       due ? due->text + QLatin1Char(due->isOverdue ? '!' : '.') + QLatin1Char(due->repeats ? 'r' : '-') : QString(),
       appID,
+      repository,
       QString::number((isPrivate ? 1 : 0) | (isDaily3 ? 2 : 0) | (isSmoldering ? 4 : 0) | (hasMoreContrast ? 8 : 0) |
                       (direction == Qt::RightToLeft ? 16 : 0)),
       mark}
@@ -71,8 +72,12 @@ QRectF CardFace::hoverBarRect() const {
   return {8, kHeight - 7 - 28 - (isSmoldering ? kBurntRise : 0), kWidth - 16, 28};
 }
 
+bool CardFace::hasTrailingFoot() const {
+  return !appID.isEmpty() || !repository.isEmpty() || isPrivate || StickyChecklist::hasChecklist(text);
+}
+
 bool CardFace::isStampRaised() const {
-  if (!appID.isEmpty() || isPrivate || StickyChecklist::hasChecklist(text)) return true;
+  if (hasTrailingFoot()) return true;
   return due && CardParts::dueLabelWidth(*due) + StampBadgeView::size(stamp).width() + 4 > footRect().width();
 }
 
@@ -92,7 +97,7 @@ StickyChecklistBody CardFace::body() const {
   style.lineHeight = theme == PaperTheme::lined ? 20 : tokens::lineHeight(tokens::Type::CardText);
   style.width = kWidth - lead - trail;
   style.firstLineInset = isDaily3 ? 46 : 24;
-  const bool hasFoot = due || !appID.isEmpty() || isPrivate || StickyChecklist::hasChecklist(text);
+  const bool hasFoot = due || hasTrailingFoot();
   // A fourth line would run into a raised stamp, and on the wide rules of lined paper into the foot.
   const bool isCrowded = (stamp != TaskStamp::none && isStampRaised()) ||
                          ((theme == PaperTheme::lined || theme == PaperTheme::construction) && hasFoot);
@@ -159,6 +164,7 @@ void CardFace::paintFoot(QPainter& painter, const QRectF& foot) const {
     return QRectF(x, foot.center().y() - height / 2, width, height);
   };
   if (isPrivate) Symbols::paint(painter, QStringLiteral("lock"), fromTrail(kLock, kLock), front);
+  if (!repository.isEmpty()) Symbols::paint(painter, QStringLiteral("branch"), fromTrail(kLock, kLock), front);
   if (!appID.isEmpty()) CardParts::paintAppTile(painter, fromTrail(kAppTile, kAppTile), appIcon, front);
   const QString counter = StickyChecklistBody::counter(text);
   if (!counter.isEmpty()) {

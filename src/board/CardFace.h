@@ -30,6 +30,7 @@ struct CardFace {
   std::optional<CardParts::DueLabel> due;
   QString appID;  // of the application it is pinned to; empty = none
   QIcon appIcon;
+  QString repository;  // name of the one it is pinned to; empty = none
   bool isPrivate = false;
   bool isDaily3 = false;
   bool isSmoldering = false;
@@ -54,6 +55,8 @@ struct CardFace {
  private:
   void paintFoot(QPainter& painter, const QRectF& foot) const;
   [[nodiscard]] QRectF footRect() const;
+  /// Something stands at the foot's trailing end.
+  [[nodiscard]] bool hasTrailingFoot() const;
   [[nodiscard]] bool isStampRaised() const;
 };
 

@@ -10,6 +10,7 @@
 #include "platform/Clock.h"
 #include "platform/Workspace.h"
 
+#include <QDir>
 #include <QImage>
 #include <QPainter>
 
@@ -112,6 +113,7 @@ CardFace TaskStickyCard::currentFace() const {
     face.appID = *app;
     face.appIcon = m_services.workspace.identity(*app).second;
   }
+  if (const auto& repository = task.record().gitRepoPath) face.repository = QDir(*repository).dirName();
   face.isPrivate = task.isPrivate();
   face.isDaily3 = task.isDaily3();
   face.isSmoldering = isSmoldering();
@@ -197,6 +199,7 @@ QString TaskStickyCard::accessibleName() const {
   if (const auto progress = StickyChecklist::progress(m_face.text)) {
     words << tr("%1 of %2 done").arg(progress->done).arg(progress->total);
   }
+  if (!m_face.repository.isEmpty()) words << tr("repository %1").arg(m_face.repository);
   if (m_face.isPrivate) words << tr("private");
   if (m_face.isDaily3) words << tr("daily three");
   if (m_face.isSmoldering) words << tr("burns tonight");

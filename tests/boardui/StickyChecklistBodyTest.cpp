@@ -147,6 +147,7 @@ TEST(CardPicture, differsForEverythingThatLiesOnTheCard) {
   EXPECT_TRUE(differs([](auto& f) { f.tag = TaskTag::blue; }));
   EXPECT_TRUE(differs([](auto& f) { f.due = CardParts::DueLabel{u"Today"_s, false, false}; }));
   EXPECT_TRUE(differs([](auto& f) { f.appID = u"org.app"_s; }));
+  EXPECT_TRUE(differs([](auto& f) { f.repository = u"parser"_s; }));
   EXPECT_TRUE(differs([](auto& f) { f.isPrivate = true; }));
   EXPECT_TRUE(differs([](auto& f) { f.isDaily3 = true; }));
   EXPECT_TRUE(differs([](auto& f) { f.isSmoldering = true; }));

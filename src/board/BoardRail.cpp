@@ -18,7 +18,7 @@ namespace tarnwick {
 namespace {
 
 constexpr int kEdge = 14;
-constexpr int kNameWidth = 92;
+constexpr int kNameWidth = 108;
 
 QFont countdownFont(const BurnCountdown& countdown) {
   QFont font = tokens::font(tokens::Type::Countdown);

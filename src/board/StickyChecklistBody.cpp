@@ -25,6 +25,26 @@ constexpr double kBoxDoneOpacity = 0.40;
 /// More than this no line of a card can hold, however narrow its letters are.
 constexpr int kMostOfALine = 400;
 
+/// Offers places to break at to a word without an end: for each line Qt looks through all that is left of it.
+QString breakable(const QString& words) {
+  constexpr int kLongestWord = 500;
+  constexpr QChar kZeroWidthSpace(0x200B);
+  constexpr QChar kJoiner(0x200D);
+  QString result;
+  int length = 0;
+  QChar before;
+  for (const QChar letter : words) {
+    length = letter.isSpace() ? 0 : length + 1;
+    if (length > kLongestWord && !letter.isSurrogate() && !letter.isMark() && letter != kJoiner && before != kJoiner) {
+      result += kZeroWidthSpace;
+      length = 1;
+    }
+    result += letter;
+    before = letter;
+  }
+  return result;
+}
+
 /// As much of the text as fits with dots behind it, cut between what people see as characters.
 QString elided(const QString& text, const QFontMetricsF& metrics, double room) {
   const QString dots(QChar(0x2026));
@@ -61,6 +81,7 @@ StickyChecklistBody::StickyChecklistBody(const QString& text, const Style& style
     row.top = y;
     QString words = row.isBox ? StickyChecklist::label(lines[index]) : lines[index];
     if (style.maxLines > 0) words.truncate(qsizetype{style.maxLines} * kMostOfALine);  // shaping costs by the letter
+    words = breakable(words);
     const double indent = row.isBox ? style.boxSize + kBoxGap : 0;
     QFont font = style.font;
     font.setStrikeOut(row.isDone);

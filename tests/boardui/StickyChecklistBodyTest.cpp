@@ -93,6 +93,8 @@ TEST(ChecklistBody, costsNoMoreForATextWithoutAnEnd) {
     EXPECT_LE(body.height(), 4 * 17) << row.name;
     EXPECT_GT(body.height(), 0) << row.name;
   }
+  const StickyChecklistBody whole(rows[0].text, style());
+  EXPECT_EQ(whole.shownText().remove(QChar(0x200B)), rows[0].text) << "on the desktop all of it is there";
 }
 
 TEST(ChecklistBody, cutsBetweenWhatPeopleSeeAsCharacters) {

@@ -242,6 +242,10 @@
         <source>Open</source>
         <translation>Öffnen</translation>
     </message>
+    <message>
+        <source>this desktop shows no notifications</source>
+        <translation>diese Arbeitsumgebung zeigt keine Benachrichtigungen</translation>
+    </message>
 </context>
 <context>
     <name>PaperColor</name>
@@ -594,6 +598,33 @@
     <message>
         <source>%1 burned last night · Revive</source>
         <translation>%1 letzte Nacht verbrannt · Wiederbeleben</translation>
+    </message>
+</context>
+<context>
+    <name>tarnwick::BoardMenu</name>
+    <message>
+        <source>Obsidian</source>
+        <translation>Obsidian</translation>
+    </message>
+    <message>
+        <source>Corkboard</source>
+        <translation>Korkwand</translation>
+    </message>
+    <message>
+        <source>Drafting Table</source>
+        <translation>Zeichentisch</translation>
+    </message>
+    <message>
+        <source>Acrylic</source>
+        <translation>Acryl</translation>
+    </message>
+    <message>
+        <source>Surface</source>
+        <translation>Oberfläche</translation>
+    </message>
+    <message>
+        <source>Ashes</source>
+        <translation>Asche</translation>
     </message>
 </context>
 <context>
@@ -1283,6 +1314,13 @@
     </message>
 </context>
 <context>
+    <name>tarnwick::NoteEditing</name>
+    <message>
+        <source>the note is gone</source>
+        <translation>die Notiz ist fort</translation>
+    </message>
+</context>
+<context>
     <name>tarnwick::NoteForm</name>
     <message>
         <source>Checklist</source>
@@ -1416,6 +1454,10 @@
     <message>
         <source>Crush</source>
         <translation>Zerknüllen</translation>
+    </message>
+    <message>
+        <source>Daily three</source>
+        <translation>Tagesdrei</translation>
     </message>
 </context>
 <context>
@@ -1941,6 +1983,10 @@
     <message>
         <source>Tear off</source>
         <translation>Abreißen</translation>
+    </message>
+    <message>
+        <source>repository %1</source>
+        <translation>Repository %1</translation>
     </message>
 </context>
 <context>

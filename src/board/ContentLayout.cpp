@@ -58,7 +58,10 @@ void ContentView::Content::connectAll() {
   connect(&services.updates, &UpdateChecker::changed, &view, [this] { refresh(); });
   connect(&services.center, &NotificationCenter::showAddTask, &view, &ContentView::showComposer);
   connect(&services.center, &NotificationCenter::crushDidComplete, &view,
-          [this] { toast->show(UndoToast::Kind::Crushed); });
+          [this] {
+            scheduleReload();  // without a save too: in memory the note is finished
+            toast->show(UndoToast::Kind::Crushed);
+          });
   screensWatch = services.screens.onChanged([this] { view.update(); });
 
   connect(rail, &BoardRail::boardChosen, &view, [this](const QString& name) { selectBoard(name); });

@@ -60,6 +60,17 @@ TEST_F(Board, crushesTheSelectedNoteByKeyAndTakesItBack) {
   EXPECT_FALSE(notes[1]->isCompleted());
 }
 
+TEST_F(Board, takesACrushedNoteOffTheWallThoughItCannotBeSaved) {
+  addNotes(2);
+  open();
+  key(Qt::Key_Right);
+  desk.refuseWrites();
+  key(Qt::Key_Backspace, Qt::ControlModifier);
+  desk.flight.land();
+  settle();
+  EXPECT_EQ(shownTexts(), QStringList{u"note 0"_s});
+}
+
 TEST_F(Board, keepsItsToastsForTheirTime) {
   const auto notes = addNotes(1);
   open();

@@ -3,6 +3,7 @@
 stacking, window properties, input shapes."""
 import contextlib
 import os
+import pathlib
 import re
 import subprocess
 import sys

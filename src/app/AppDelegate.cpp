@@ -47,6 +47,7 @@ namespace {
 
 constexpr auto kNudgeAfterLaunch = 800ms;
 constexpr auto kNudgeAfterWake = 1200ms;
+constexpr auto kBoardAfterLaunch = 100ms;
 constexpr auto kSoundsAfterLaunch = 300ms;
 AppDelegate* g_shared = nullptr;
 
@@ -113,6 +114,7 @@ struct AppDelegate::Parts {
   Registration wakeObserver;
   Registration actedOnObserver;
   std::vector<Registration> pendingNudges;
+  Registration boardReady;
   Registration soundsReady;
 };
 
@@ -163,7 +165,10 @@ void AppDelegate::makeCommands() {
   m_parts->commands = std::make_unique<CommandRunner>(CommandEnvironment{
       m_parts->defaults, m_parts->center, m_ports.clock, m_parts->git,
       [this]() -> Result<const BoardServices*> {
-        if (m_parts->services) return static_cast<const BoardServices*>(m_parts->services.get());
+        if (m_parts->services) {
+          if (m_parts->board) m_parts->board->prepare();  // it hears what a command asks of its cards
+          return static_cast<const BoardServices*>(m_parts->services.get());
+        }
         return Error{ErrorKind::Unavailable, m_parts->alert ? m_parts->alert->text() : tr("the store is not open yet")};
       },
       std::move(running)});
@@ -263,7 +268,8 @@ void AppDelegate::startParts() {
   restickDueNotes();
   parts.calendarObserver = m_ports.power.observe([this](PowerEvent event) { followCalendar(event); });
   parts.updates.checkIfDue();
-  // Once the icon is in the tray: nothing sounds before.
+  // Once the icon is in the tray: nobody looks before, and nothing sounds.
+  parts.boardReady = m_ports.scheduler.after(kBoardAfterLaunch, [&parts] { parts.board->prepare(); });
   parts.soundsReady = m_ports.scheduler.after(kSoundsAfterLaunch, [&parts] { parts.sound.prepare(); });
   if (parts.defaults.boolean(keys::kHasSeenWelcome)) {
     schedulePlanNudge(kNudgeAfterLaunch);

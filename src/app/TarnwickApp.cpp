@@ -13,6 +13,7 @@
 #include "linux/time/SystemClock.h"
 #include "linux/x11/TextScale.h"
 #include "platform/Instance.h"
+#include "platform/Scheduler.h"
 #include "platform/Workspace.h"
 
 #include <QApplication>
@@ -30,6 +31,10 @@
 
 namespace tarnwick {
 namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kIconAfterLaunch = 200ms;
 
 enum class Start { Program, Command };
 
@@ -141,7 +146,6 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Tarnwick"));
   QGuiApplication::setDesktopFileName(kApplicationID);
   QApplication::setQuitOnLastWindowClosed(false);
-  QApplication::setWindowIcon(windowIcon());
 
   LinuxPorts ports;
   AppDelegate delegate(portsOf(ports), {persistentStorePath(), settingsPath()});
@@ -163,6 +167,9 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
     return 0;
   }
   delegate.applicationDidFinishLaunching();
+  // Drawn once the icon is in the tray.
+  const Registration icon =
+      ports.scheduler().after(kIconAfterLaunch, [] { QApplication::setWindowIcon(windowIcon()); });
   if (words.size() > 1) delegate.openFiles(filesOf(words.mid(1), QDir::currentPath()));
   const int status = QApplication::exec();
   delegate.applicationWillTerminate();

@@ -232,85 +232,100 @@ void ContentView::Content::tearOff(const QUuid& id, const DesktopRect& from) {
   if (torn && task) torn->tearOffTask(task, from);
 }
 
-ContentView::ContentView(const BoardServices& services, QWidget* parent)
-    : QWidget(parent), m_content(std::make_unique<Content>(*this, services)) {
+ContentView::ContentView(const BoardServices& services, QWidget* parent) : QWidget(parent), m_services(services) {
   setFixedSize(kSide, kSide);
   setAccessibleName(tr("Board"));
+}
+
+void ContentView::prepare() {
+  if (m_content) return;
+  m_content = std::make_unique<Content>(*this, m_services);
   m_content->connectAll();
   m_content->orderTabs();
   m_content->reload();
 }
 
+ContentView::Content& ContentView::content() {
+  prepare();
+  return *m_content;
+}
+
 ContentView::~ContentView() = default;
 
 ContentView::ViewState ContentView::viewState() const {
-  return m_content->state;
+  return m_content ? m_content->state : ViewState::list;
 }
 
 void ContentView::showComposer() {
-  if (m_content->state == ViewState::add) {
-    m_content->composer->takeFocus();
+  if (content().state == ViewState::add) {
+    content().composer->takeFocus();
     return;
   }
-  m_content->compose(m_content->blankDraft());
+  content().compose(content().blankDraft());
 }
 
 void ContentView::showList() {
-  m_content->closeAshes();
-  if (m_content->state == ViewState::list) return;
-  m_content->crossFade([this] { m_content->setState(ViewState::list); });
-  m_content->wall->setFocus();
+  content().closeAshes();
+  if (content().state == ViewState::list) return;
+  content().crossFade([this] { content().setState(ViewState::list); });
+  content().wall->setFocus();
 }
 
 void ContentView::showEditor(const TaskPtr& task) {
   if (!task) return;
-  QStringList names = m_content->boardNames();
+  QStringList names = content().boardNames();
   names.removeAll(kAllBoards);
   names.removeAll(kFocusBoard);
-  m_content->closeAshes();
-  m_content->crossFade([&] {
-    m_content->editor->begin(task, names);
-    m_content->setState(ViewState::edit);
+  content().closeAshes();
+  content().crossFade([&] {
+    content().editor->begin(task, names);
+    content().setState(ViewState::edit);
   });
-  m_content->editor->takeFocus();
+  content().editor->takeFocus();
 }
 
 void ContentView::showAshes() {
   showList();
-  m_content->openAshes();
+  content().openAshes();
 }
 
 void ContentView::showNote(const QUuid& id) {
-  auto& content = *m_content;
-  if (content.state != ViewState::list) return;
-  content.closeAshes();
-  if (content.isStale) content.reload();
-  const auto isShown = [&] { return std::ranges::any_of(content.active, [&](const auto& task) { return task->id() == id; }); };
+  auto& shown = content();
+  if (shown.state != ViewState::list) return;
+  shown.closeAshes();
+  if (shown.isStale) shown.reload();
+  const auto isShown = [&] { return std::ranges::any_of(shown.active, [&](const auto& task) { return task->id() == id; }); };
   if (!isShown()) {
-    if (content.showSearch) content.toggleSearch();
-    if (content.showTags) content.toggleTags();
-    content.selectBoard(kAllBoards);
+    if (shown.showSearch) shown.toggleSearch();
+    if (shown.showTags) shown.toggleTags();
+    shown.selectBoard(kAllBoards);
   }
-  if (isShown()) content.wall->setSelection(id);
+  if (isShown()) shown.wall->setSelection(id);
 }
 
 void ContentView::takeFocus() {
-  switch (m_content->state) {
+  switch (content().state) {
     case ViewState::list:
-      m_content->showBurned ? m_content->ashes->takeFocus() : m_content->wall->setFocus(Qt::OtherFocusReason);
+      content().showBurned ? content().ashes->takeFocus() : content().wall->setFocus(Qt::OtherFocusReason);
       break;
     case ViewState::add:
-      m_content->composer->takeFocus();
+      content().composer->takeFocus();
       break;
     case ViewState::edit:
-      m_content->editor->takeFocus();
+      content().editor->takeFocus();
       break;
   }
+}
+
+bool ContentView::event(QEvent* event) {
+  // Before the children are shown: those made now are.
+  if (event->type() == QEvent::Polish) prepare();
+  return QWidget::event(event);
 }
 
 void ContentView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const auto& services = m_content->services;
+  const auto& services = content().services;
   const bool isComposited = services.screens.isComposited();
   if (!isComposited) {
     painter.setRenderHint(QPainter::Antialiasing);
@@ -330,19 +345,19 @@ void ContentView::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void ContentView::keyPressEvent(QKeyEvent* event) {
-  const bool isList = m_content->state == ViewState::list;
+  const bool isList = content().state == ViewState::list;
   if (hasCommand(event->modifiers()) && !event->modifiers().testFlag(Qt::ShiftModifier)) {
     if (event->key() == Qt::Key_N) {
       showComposer();
       return;
     }
-    if (event->key() == Qt::Key_F && isList && !m_content->showBurned) {
-      m_content->showSearch ? m_content->field->edit().setFocus() : m_content->toggleSearch();
+    if (event->key() == Qt::Key_F && isList && !content().showBurned) {
+      content().showSearch ? content().field->edit().setFocus() : content().toggleSearch();
       return;
     }
   }
-  if (event->key() == Qt::Key_Escape && isList && m_content->showBurned) {
-    m_content->closeAshes();
+  if (event->key() == Qt::Key_Escape && isList && content().showBurned) {
+    content().closeAshes();
     return;
   }
   QWidget::keyPressEvent(event);
@@ -350,10 +365,10 @@ void ContentView::keyPressEvent(QKeyEvent* event) {
 
 void ContentView::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
-  if (m_content->state != ViewState::list || m_content->showBurned) return;
-  auto* menu = new BoardMenu(m_content->mood(), this);
+  if (content().state != ViewState::list || content().showBurned) return;
+  auto* menu = new BoardMenu(content().mood(), this);
   connect(menu, &BoardMenu::moodChosen, this, [this](BoardMood mood) {
-    (void)m_content->services.defaults.setText(keys::kBoardMood, rawValue(mood));
+    (void)m_services.defaults.setText(keys::kBoardMood, rawValue(mood));
   });
   connect(menu, &BoardMenu::ashesChosen, this, &ContentView::showAshes);
   menu->popup(event->globalPos());
@@ -361,29 +376,30 @@ void ContentView::contextMenuEvent(QContextMenuEvent* event) {
 
 void ContentView::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (m_content->isStale) {
-    m_content->reload();
+  if (content().isStale) {
+    content().reload();
   } else {
-    m_content->refresh();
+    content().refresh();
   }
-  m_content->armMinute();
+  content().armMinute();
 }
 
 void ContentView::hideEvent(QHideEvent* event) {
   QWidget::hideEvent(event);
-  m_content->minute.cancel();
-  m_content->cover->drop();
-  m_content->wall->rest();
+  if (!m_content) return;
+  content().minute.cancel();
+  content().cover->drop();
+  content().wall->rest();
 }
 
 void ContentView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  m_content->layOut();
+  if (m_content) m_content->layOut();
 }
 
 void ContentView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::LayoutDirectionChange) m_content->layOut();
+  if (event->type() == QEvent::LayoutDirectionChange && m_content) m_content->layOut();
 }
 
 }  // namespace tarnwick

@@ -18,8 +18,10 @@ class ContentView final : public QWidget {
  public:
   static constexpr int kSide = 390;
 
+  /// What lies on the board is built by `prepare()`, or when somebody first looks or asks.
   explicit ContentView(const BoardServices& services, QWidget* parent = nullptr);
   ~ContentView() override;
+  void prepare();
 
   enum class ViewState { list, add, edit };
   [[nodiscard]] ViewState viewState() const;
@@ -41,6 +43,7 @@ class ContentView final : public QWidget {
   void viewStateChanged();
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -51,6 +54,9 @@ class ContentView final : public QWidget {
 
  private:
   struct Content;
+  [[nodiscard]] Content& content();
+
+  BoardServices m_services;
   std::unique_ptr<Content> m_content;
 };
 

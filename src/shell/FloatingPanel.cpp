@@ -53,7 +53,6 @@ FloatingPanel::FloatingPanel(const BoardServices& services, const ShellPorts& po
   setAttribute(Qt::WA_QuitOnClose, false);
   setWindowTitle(tr("Tarnwick"));
   m_content->setParent(this);
-  m_content->show();
   applyCompositing();
   readRememberedFrames();
   applySharing();

@@ -61,15 +61,28 @@ PortalHotKeys::PortalHotKeys() : m_works(std::make_shared<Works>()) {
     fail(QCoreApplication::translate("HotKeys", "no session bus"));
     return;
   }
-  bus.connect(kService, kPath, kShortcuts, QStringLiteral("Activated"), this,
-              SLOT(activated(QDBusObjectPath, QString, qulonglong, QVariantMap)));
+  m_hasBus = true;
+  // As the message is: a slot that takes an object path cannot be connected.
+  bus.connect(kService, kPath, kShortcuts, QStringLiteral("Activated"), this, SLOT(activated(QDBusMessage)));
 }
 
 PortalHotKeys::~PortalHotKeys() {
   m_works.reset();
+  closeSession();
+}
+
+void PortalHotKeys::closeSession() {
   if (m_session.isEmpty()) return;
   QDBusConnection::sessionBus().send(QDBusMessage::createMethodCall(
       kService, m_session, QStringLiteral("org.freedesktop.portal.Session"), QStringLiteral("Close")));
+  m_session.clear();
+}
+
+void PortalHotKeys::createSession() {
+  m_isAsking = true;
+  const auto token = QStringLiteral("tarnwick_session%1").arg(++m_serial);
+  request(QStringLiteral("CreateSession"), {}, {{QStringLiteral("session_handle_token"), token}},
+          SLOT(sessionAnswered(uint, QVariantMap)));
 }
 
 PortTraits PortalHotKeys::traits() const {
@@ -78,14 +91,13 @@ PortTraits PortalHotKeys::traits() const {
 
 HotKeyRegistration PortalHotKeys::registerChord(const QString& chord, std::function<void()> work) {
   if (portalTrigger(chord).isEmpty()) return {kNoChord, {}};
-  if (!m_failure.isEmpty()) return {-1, {}};
-  const bool isFirst = m_works->empty() && m_session.isEmpty();
+  if (!m_hasBus) return {-1, {}};
+  m_failure.clear();  // what was refused once may be granted now
   m_works->insert_or_assign(chord, std::move(work));
-  if (isFirst) {
-    request(QStringLiteral("CreateSession"), {}, {{QStringLiteral("session_handle_token"), QStringLiteral("tarnwick")}},
-            SLOT(sessionAnswered(uint, QVariantMap)));
-  } else if (!m_session.isEmpty()) {
-    bind();
+  if (!m_isAsking) {
+    // A session is bound once: other shortcuts need another one.
+    closeSession();
+    createSession();
   }
   return {0, Registration([chord, weak = std::weak_ptr(m_works)] {
             if (const auto works = weak.lock()) works->erase(chord);
@@ -110,6 +122,7 @@ void PortalHotKeys::request(const QString& method, QVariantList arguments, QVari
 }
 
 void PortalHotKeys::sessionAnswered(uint response, const QVariantMap& results) {
+  m_isAsking = false;
   const auto handle = results.value(QStringLiteral("session_handle"));
   m_session = handle.canConvert<QDBusObjectPath>() ? handle.value<QDBusObjectPath>().path() : QString();
   if (m_session.isEmpty()) m_session = handle.toString();  // a text in the protocol as it is written
@@ -136,15 +149,20 @@ void PortalHotKeys::bindAnswered(uint response, const QVariantMap&) {
   if (response != 0) fail(QCoreApplication::translate("HotKeys", "the desktop refused global shortcuts"));
 }
 
-void PortalHotKeys::activated(const QDBusObjectPath& session, const QString& shortcut, qulonglong, const QVariantMap&) {
-  if (session.path() != m_session) return;
+void PortalHotKeys::activated(const QDBusMessage& message) {
+  const auto words = message.arguments();
+  if (words.size() < 2 || words.at(0).value<QDBusObjectPath>().path() != m_session) return;
+  const auto shortcut = words.at(1).toString();
   if (const auto found = m_works->find(shortcut); found != m_works->end()) {
     const auto work = found->second;  // it may end the registration
     work();
   }
 }
 
-void PortalHotKeys::fail(const QString& reason) { m_failure = reason; }
+void PortalHotKeys::fail(const QString& reason) {
+  m_failure = reason;
+  m_isAsking = false;
+}
 
 }  // namespace tarnwick
 

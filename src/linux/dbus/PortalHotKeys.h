@@ -5,12 +5,13 @@
 
 #include "platform/HotKeys.h"
 
-#include <QDBusObjectPath>
 #include <QObject>
 #include <QVariantMap>
 
 #include <map>
 #include <memory>
+
+class QDBusMessage;
 
 namespace tarnwick {
 
@@ -29,17 +30,21 @@ class PortalHotKeys final : public QObject, public HotKeys {
  private Q_SLOTS:
   void sessionAnswered(uint response, const QVariantMap& results);
   void bindAnswered(uint response, const QVariantMap& results);
-  void activated(const QDBusObjectPath& session, const QString& shortcut, qulonglong time, const QVariantMap& options);
+  void activated(const QDBusMessage& message);
 
  private:
   /// Calls a method whose answer comes as a signal of a request object.
   void request(const QString& method, QVariantList arguments, QVariantMap options, const char* answerSlot);
+  void createSession();
+  void closeSession();
   void bind();
   void fail(const QString& reason);
 
   using Works = std::map<QString, std::function<void()>>;  // chord -> work
   std::shared_ptr<Works> m_works;
   QString m_session;  // object path, empty until there is one
+  bool m_isAsking = false;  // for a session
+  bool m_hasBus = false;
   QString m_failure;
   int m_serial = 0;
 };

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-# A desktop portal that grants every shortcut and activates it at once; prints the triggers that it was asked for.
+# A desktop portal that grants every shortcut, once a session, and activates it at once; prints the triggers that it was
+# asked for.
 import dbus
 import dbus.service
 from dbus.mainloop.glib import DBusGMainLoop
@@ -9,7 +10,7 @@ DBusGMainLoop(set_as_default=True)
 bus = dbus.SessionBus()
 PATH = "/org/freedesktop/portal/desktop"
 SHORTCUTS = "org.freedesktop.portal.GlobalShortcuts"
-SESSION = dbus.ObjectPath(PATH + "/session/granted")
+bound = set()  # sessions
 
 
 class Request(dbus.service.Object):
@@ -34,10 +35,14 @@ class Portal(dbus.service.Object):
 
     @dbus.service.method(SHORTCUTS, in_signature="a{sv}", out_signature="o", sender_keyword="sender")
     def CreateSession(self, options, sender=None):
-        return self.answer(sender, options, dbus.Dictionary({"session_handle": str(SESSION)}, signature="sv"))
+        session = f"{PATH}/session/" + options["session_handle_token"]
+        return self.answer(sender, options, dbus.Dictionary({"session_handle": session}, signature="sv"))
 
     @dbus.service.method(SHORTCUTS, in_signature="oa(sa{sv})sa{sv}", out_signature="o", sender_keyword="sender")
     def BindShortcuts(self, session, shortcuts, parent, options, sender=None):
+        if session in bound:
+            raise dbus.DBusException("shortcuts are bound once a session")
+        bound.add(session)
         for name, properties in shortcuts:
             print(properties["preferred_trigger"], flush=True)
 

@@ -1463,16 +1463,16 @@
 <context>
     <name>tarnwick::NotesPane</name>
     <message>
-        <source>Windows are left out of captures here.</source>
-        <translation>Fenster bleiben hier aus Aufnahmen heraus.</translation>
+        <source>Omitted: captures leave your notes out.</source>
+        <translation>Ausgelassen: Aufnahmen enthalten deine Notizen nicht.</translation>
     </message>
     <message>
-        <source>Notes hide while a screen share is detected.</source>
-        <translation>Notizen verbergen sich, solange ein geteilter Bildschirm erkannt wird.</translation>
+        <source>Hidden while sharing is detected. Screenshots still show them.</source>
+        <translation>Verborgen, solange das Teilen des Bildschirms erkannt wird. Bildschirmfotos zeigen sie weiterhin.</translation>
     </message>
     <message>
-        <source>Not available on this desktop: captures will show your notes.</source>
-        <translation>Auf dieser Arbeitsumgebung nicht möglich: Aufnahmen zeigen deine Notizen.</translation>
+        <source>Not available here: captures will show your notes.</source>
+        <translation>Hier nicht möglich: Aufnahmen zeigen deine Notizen.</translation>
     </message>
     <message>
         <source>App Notes</source>

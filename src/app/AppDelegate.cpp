@@ -208,6 +208,7 @@ StatusReport AppDelegate::status() const {
   report.platform.notifications = m_ports.notifications.traits();
   report.platform.audio = m_ports.audio.traits();
   report.platform.captureExclusion = m_ports.captureWatch.traits();
+  report.platform.captureLevel = m_ports.captureWatch.exclusion();
   return report;
 }
 
@@ -253,7 +254,7 @@ void AppDelegate::startParts() {
     m_ports.notifications.add({QStringLiteral("tray-missing"), tr("Tarnwick is running"),
                                tr("This desktop shows no tray. Open the board with %1, with the command "
                                   "\"tarnwick toggle\", or with Tarnwick's icon in the launcher.")
-                                   .arg(QStringLiteral("Super+Shift+T")),
+                                   .arg(m_parts->hotkey->chord().replace(QStringLiteral("Meta"), QStringLiteral("Super"))),
                                m_ports.clock.now()});
   });
   parts.statusBar->start();

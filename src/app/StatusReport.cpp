@@ -21,6 +21,18 @@ QString served(const PortTraits& traits) {
   return traits.reason.isEmpty() ? u"unavailable"_s : u"unavailable: "_s + traits.reason;
 }
 
+/// The adapter, and what holds with it.
+QString capture(const StatusReport::Platform& platform) {
+  switch (platform.captureLevel) {
+    case CaptureExclusion::Omitted: return served(platform.captureExclusion) + u": omitted"_s;
+    case CaptureExclusion::HiddenWhileSharing:
+      return served(platform.captureExclusion) + u": hidden while sharing is detected"_s;
+    case CaptureExclusion::NotAvailable: break;
+  }
+  const auto& reason = platform.captureExclusion.reason;
+  return reason.isEmpty() ? u"unavailable: not available here"_s : u"unavailable: not available here, "_s + reason;
+}
+
 QString level(WindowLevel level) { return level == WindowLevel::Desktop ? u"desktop"_s : u"floating"_s; }
 
 QString sharing(SharingType sharing) { return sharing == SharingType::None ? u"none"_s : u"readOnly"_s; }
@@ -81,7 +93,7 @@ std::vector<std::pair<const char*, QString>> services(const StatusReport::Platfo
           {"accessibility", served(platform.accessibility)},
           {"notifications", served(platform.notifications)},
           {"audio", served(platform.audio)},
-          {"captureExclusion", served(platform.captureExclusion)}};
+          {"captureExclusion", capture(platform)}};
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "context/ContextEngine.h"
 #include "model/Calendar.h"
+#include "platform/CaptureWatch.h"
 #include "platform/PortTraits.h"
 #include "platform/UserNotifications.h"
 #include "platform/WindowServer.h"
@@ -43,6 +44,7 @@ struct StatusReport {
     PortTraits notifications;
     PortTraits audio;
     PortTraits captureExclusion;
+    CaptureExclusion captureLevel = CaptureExclusion::NotAvailable;
   };
 
   QString version;

@@ -132,13 +132,12 @@ Power& LinuxPorts::power() {
 }
 
 CaptureWatch& LinuxPorts::captureWatch() {
-  return lazily(m_captureWatch, []() -> std::unique_ptr<CaptureWatch> {
+  return lazily(m_captureWatch, [this]() -> std::unique_ptr<CaptureWatch> {
 #ifdef TARNWICK_HAS_PIPEWIRE
-    if (PipeWireCaptureWatch::isRunning()) {
-      if (auto watch = std::make_unique<PipeWireCaptureWatch>(); watch->isUsable()) return watch;
-    }
-#endif
+    return std::make_unique<PipeWireCaptureWatch>(scheduler());
+#else
     return std::make_unique<UnavailableCaptureWatch>(QGuiApplication::tr("no PipeWire in this session"));
+#endif
   });
 }
 

@@ -28,11 +28,12 @@ const QString kShred = u"shred"_s;
 
 QString exclusionText(CaptureExclusion exclusion) {
   switch (exclusion) {
-    case CaptureExclusion::Omitted: return NotesPane::tr("Windows are left out of captures here.");
-    case CaptureExclusion::HiddenWhileSharing: return NotesPane::tr("Notes hide while a screen share is detected.");
+    case CaptureExclusion::Omitted: return NotesPane::tr("Omitted: captures leave your notes out.");
+    case CaptureExclusion::HiddenWhileSharing:
+      return NotesPane::tr("Hidden while sharing is detected. Screenshots still show them.");
     case CaptureExclusion::NotAvailable: break;
   }
-  return NotesPane::tr("Not available on this desktop: captures will show your notes.");
+  return NotesPane::tr("Not available here: captures will show your notes.");
 }
 
 }  // namespace

@@ -40,7 +40,7 @@ TEST_F(ProgramCommands, tellWhatRunsAsJson) {
             "\"windows\":[],\"context\":{\"frontBundleID\":null,\"folderPath\":null,\"gitRoot\":null,"
             "\"gitBranch\":null,\"lastExternalApp\":null},\"reminders\":[],\"platform\":{\"session\":\"\","
             "\"tray\":\"unavailable\",\"hotKey\":\"unavailable\",\"accessibility\":\"unavailable\","
-            "\"notifications\":\"unavailable\",\"audio\":\"unavailable\",\"captureExclusion\":\"unavailable\"}}\n"_s);
+            "\"notifications\":\"unavailable\",\"audio\":\"unavailable\",\"captureExclusion\":\"unavailable: not available here\"}}\n"_s);
   status.version = u"0.1.0"_s;
   status.pid = 4711;
   status.board = {true, false, QRect(875, 36, 390, 390)};
@@ -60,6 +60,8 @@ TEST_F(ProgramCommands, tellWhatRunsAsJson) {
   status.platform.session = u"x11"_s;
   status.platform.tray = PortTraits::served(u"StatusNotifierItem"_s);
   status.platform.audio = PortTraits::unavailable(u"no \"sound\" server"_s);
+  status.platform.captureExclusion = PortTraits::served(u"pipewire"_s);
+  status.platform.captureLevel = CaptureExclusion::HiddenWhileSharing;
   EXPECT_EQ(done({u"status"_s, u"--json"_s}),
             u"{\"version\":\"0.1.0\",\"pid\":4711,\"board\":{\"visible\":true,\"dismissing\":false,"
             "\"frame\":[875,36,390,390]},\"windows\":[{\"id\":\"0F8E7D6C-5B4A-4938-8271-605F4E3D2C1B\","
@@ -70,7 +72,7 @@ TEST_F(ProgramCommands, tellWhatRunsAsJson) {
             "\"firesAt\":\"2026-07-04T09:00:00.000+02:00\"}],\"platform\":{\"session\":\"x11\","
             "\"tray\":\"StatusNotifierItem\",\"hotKey\":\"unavailable\",\"accessibility\":\"unavailable\","
             "\"notifications\":\"unavailable\",\"audio\":\"unavailable: no \\\"sound\\\" server\","
-            "\"captureExclusion\":\"unavailable\"}}\n"_s);
+            "\"captureExclusion\":\"pipewire: hidden while sharing is detected\"}}\n"_s);
 }
 
 TEST_F(ProgramCommands, tellWhatRunsInWords) {

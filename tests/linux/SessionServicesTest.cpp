@@ -47,10 +47,14 @@ TEST(AChordOfThePortal, IsBoundAndReachesUs) {
   EXPECT_EQ(portal.readAllStandardOutput().trimmed(), "ready");
   PortalHotKeys keys;
   int presses = 0;
-  const auto held = keys.registerChord(QStringLiteral("Meta+Shift+T"), [&] { ++presses; });
+  auto held = keys.registerChord(QStringLiteral("Meta+Shift+T"), [&] { ++presses; });
   EXPECT_EQ(held.status, 0);
   EXPECT_TRUE(holdsSoon([&] { return presses == 1; }));
   EXPECT_EQ(portal.readAllStandardOutput().trimmed(), "LOGO+SHIFT+t");
+  held.handle.cancel();
+  held = keys.registerChord(QStringLiteral("Ctrl+Alt+B"), [&] { presses += 10; });
+  EXPECT_TRUE(holdsSoon([&] { return presses == 11; })) << "another chord is bound in its stead";
+  EXPECT_EQ(portal.readAllStandardOutput().trimmed(), "CTRL+ALT+b");
   EXPECT_TRUE(keys.traits().isAvailable);
   portal.kill();
   portal.waitForFinished();
@@ -327,22 +331,54 @@ class PipeWire : public testing::Test {
     daemon.terminate();
     daemon.waitForFinished();
   }
+  static void makeNode(const QString& name, const QString& mediaClass) {
+    test::run(QStringLiteral("pw-cli"),
+              {QStringLiteral("create-node"), QStringLiteral("adapter"),
+               QStringLiteral("{ factory.name=support.null-audio-sink node.name=%1 media.class=%2 object.linger=1 "
+                              "audio.position=[MONO] adapter.auto-port-config={mode=dsp monitor=true} }")
+                   .arg(name, mediaClass)});
+  }
+  /// Stand-ins that make no picture: something of the class of a compositor's stream, and somebody to read it.
+  static void makeCast() {
+    makeNode(QStringLiteral("cast"), QStringLiteral("Stream/Output/Video"));
+    makeNode(QStringLiteral("reader"), QStringLiteral("Audio/Sink"));
+    EXPECT_TRUE(holdsSoon([] {
+      const auto ports = test::run(QStringLiteral("pw-link"), {QStringLiteral("-io")});
+      return ports.contains(QStringLiteral("cast:monitor_MONO")) && ports.contains(QStringLiteral("reader:playback_MONO"));
+    }));
+  }
+  static void link(QStringList options) {
+    test::run(QStringLiteral("pw-link"),
+              options << QStringLiteral("cast:monitor_MONO") << QStringLiteral("reader:playback_MONO"));
+  }
   QProcess daemon;
 };
 
-TEST_F(PipeWire, ServesTheWatchAndASourceThatNobodyReadsIsNoCast) {
+TEST_F(PipeWire, TellsOfACastWhileSomebodyReadsItAndFollowsTheDaemon) {
   LinuxPorts ports;
   auto& watch = ports.captureWatch();
-  ASSERT_TRUE(watch.traits().isAvailable);
-  EXPECT_EQ(watch.exclusion(), CaptureExclusion::HiddenWhileSharing);
-  test::run(QStringLiteral("pw-cli"),
-            {QStringLiteral("create-node"), QStringLiteral("spa-node-factory"),
-             QStringLiteral("{ factory.name=videotestsrc library.name=videotestsrc/libspa-videotestsrc node.name=cast "
-                            "media.class=Video/Source object.linger=1 }")});
-  EXPECT_TRUE(holdsSoon([] {
-    return test::run(QStringLiteral("pw-link"), {QStringLiteral("-o")}).contains(QStringLiteral("cast:"));
-  }));
-  EXPECT_FALSE(watch.isCasting());
+  const auto serves = [&] { return watch.traits().isAvailable && watch.exclusion() == CaptureExclusion::HiddenWhileSharing; };
+  const auto isMissing = [&] { return !watch.traits().isAvailable && watch.exclusion() == CaptureExclusion::NotAvailable; };
+  int changes = 0;
+  const auto handle = watch.onChanged([&] { ++changes; });
+  ASSERT_TRUE(holdsSoon(serves));
+  for (const int round : {1, 2}) {
+    makeCast();
+    EXPECT_FALSE(watch.isCasting()) << round << ": nobody reads it";
+    link({});
+    EXPECT_TRUE(holdsSoon([&] { return watch.isCasting(); })) << round;
+    link({QStringLiteral("-d")});
+    EXPECT_TRUE(holdsSoon([&] { return !watch.isCasting(); })) << round << ": the reader went";
+    link({});
+    ASSERT_TRUE(holdsSoon([&] { return watch.isCasting(); })) << round;
+    changes = 0;
+    daemon.kill();
+    daemon.waitForFinished();
+    EXPECT_TRUE(holdsSoon([&] { return isMissing() && changes > 0; })) << round << ": the daemon is gone";
+    EXPECT_FALSE(watch.isCasting()) << round << ": and no cast outlives it";
+    daemon.start(QStringLiteral("pipewire"), QStringList());
+    EXPECT_TRUE(holdsSoon(serves)) << round << ": and back";
+  }
 }
 
 }  // namespace

@@ -211,9 +211,9 @@ TEST_P(CaptureLine, saysWhatThisDesktopCanKeepOut) {
 INSTANTIATE_TEST_SUITE_P(
     Levels, CaptureLine,
     testing::Values(
-        Exclusion{"omitted", CaptureExclusion::Omitted, u"Windows are left out of captures here."_s},
-        Exclusion{"hidden", CaptureExclusion::HiddenWhileSharing, u"Notes hide while a screen share is detected."_s},
-        Exclusion{"none", CaptureExclusion::NotAvailable, u"Not available on this desktop: captures will show your notes."_s}),
+        Exclusion{"omitted", CaptureExclusion::Omitted, u"Omitted: captures leave your notes out."_s},
+        Exclusion{"hidden", CaptureExclusion::HiddenWhileSharing, u"Hidden while sharing is detected. Screenshots still show them."_s},
+        Exclusion{"none", CaptureExclusion::NotAvailable, u"Not available here: captures will show your notes."_s}),
     [](const auto& row) { return std::string(row.param.what); });
 
 class AboutPaneUpdates : public SettingsFixture {

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "linux/pipewire/PipeWireCaptureWatch.h"
 
-#include <QCoreApplication>
+#include "platform/Scheduler.h"
+
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLibrary>
 #include <QSocketNotifier>
 
@@ -45,6 +47,21 @@ struct Library {
   }
 };
 
+// A socket is bound a moment before somebody listens to it, and one that a daemon left behind never answers.
+constexpr std::chrono::milliseconds kUntilItListens(300);
+constexpr int kTries = 4;
+
+/// Where the library would look for the daemon; empty when there is no such place.
+QString socketPath() {
+  auto name = qEnvironmentVariable("PIPEWIRE_REMOTE");
+  if (name.isEmpty()) name = QStringLiteral("pipewire-0");
+  if (QDir::isAbsolutePath(name)) return name;
+  for (const char* folder : {"PIPEWIRE_RUNTIME_DIR", "XDG_RUNTIME_DIR"}) {
+    if (const auto path = qEnvironmentVariable(folder); !path.isEmpty()) return QDir(path).filePath(name);
+  }
+  return QDir(QStringLiteral("/run/pipewire")).filePath(name);
+}
+
 StreamGraph::Properties propertiesOf(const spa_dict* dict) {
   StreamGraph::Properties properties;
   const spa_dict_item* item = nullptr;
@@ -81,7 +98,12 @@ struct PipeWireCaptureWatch::Connection {
     if (!core) return false;
     coreEvents.version = PW_VERSION_CORE_EVENTS;
     coreEvents.error = [](void* self, uint32_t id, int, int, const char*) {
-      if (id == PW_ID_CORE) static_cast<Connection*>(self)->notifier->setEnabled(false);  // the daemon is gone
+      if (id != PW_ID_CORE) return;
+      auto* connection = static_cast<Connection*>(self);
+      if (connection->notifier) connection->notifier->setEnabled(false);
+      // Not from within its own loop.
+      QMetaObject::invokeMethod(
+          connection->owner, [owner = connection->owner] { owner->daemonLeft(); }, Qt::QueuedConnection);
     };
     pw_core_add_listener(core, &coreHook, &coreEvents, this);
     registry = pw_core_get_registry(core, PW_VERSION_REGISTRY, 0);
@@ -124,28 +146,50 @@ struct PipeWireCaptureWatch::Connection {
   }
 };
 
-PipeWireCaptureWatch::PipeWireCaptureWatch() : m_connection(std::make_unique<Connection>()) {
-  m_connection->owner = this;
-  if (!m_connection->open()) m_connection.reset();
+PipeWireCaptureWatch::PipeWireCaptureWatch(Scheduler& scheduler) : m_scheduler(scheduler) {
+  const auto folder = QFileInfo(socketPath()).path();
+  if (QFileInfo(folder).isDir()) m_socketFolder.addPath(folder);
+  connect(&m_socketFolder, &QFileSystemWatcher::directoryChanged, this, [this] {
+    if (!m_connection) lookAgain(kUntilItListens);
+  });
+  lookForDaemon();
 }
 
 PipeWireCaptureWatch::~PipeWireCaptureWatch() = default;
 
-bool PipeWireCaptureWatch::isRunning() {
-  auto name = qEnvironmentVariable("PIPEWIRE_REMOTE");
-  if (name.isEmpty()) name = QStringLiteral("pipewire-0");
-  if (QDir::isAbsolutePath(name)) return QFileInfo::exists(name);
-  for (const char* folder : {"PIPEWIRE_RUNTIME_DIR", "XDG_RUNTIME_DIR"}) {
-    if (const auto path = qEnvironmentVariable(folder); !path.isEmpty()) return QFileInfo::exists(QDir(path).filePath(name));
-  }
-  return QFileInfo::exists(QDir(QStringLiteral("/run/pipewire")).filePath(name));
+void PipeWireCaptureWatch::lookAgain(std::chrono::milliseconds delay) {
+  m_triesLeft = kTries;
+  m_look = m_scheduler.after(delay, [this] { lookForDaemon(); });
 }
 
-bool PipeWireCaptureWatch::isUsable() const { return m_connection != nullptr; }
+void PipeWireCaptureWatch::lookForDaemon() {
+  if (m_connection || !QFileInfo::exists(socketPath())) return;
+  m_connection = std::make_unique<Connection>();
+  m_connection->owner = this;
+  if (m_connection->open()) {
+    m_changed.notify();
+    return;
+  }
+  m_connection.reset();
+  if (--m_triesLeft > 0) m_look = m_scheduler.after(kUntilItListens, [this] { lookForDaemon(); });
+}
 
-PortTraits PipeWireCaptureWatch::traits() const { return PortTraits::served(QStringLiteral("pipewire")); }
+void PipeWireCaptureWatch::daemonLeft() {
+  m_connection.reset();
+  m_graph = {};
+  m_isCasting = false;
+  m_changed.notify();
+  lookAgain(kUntilItListens);
+}
 
-CaptureExclusion PipeWireCaptureWatch::exclusion() const { return CaptureExclusion::HiddenWhileSharing; }
+PortTraits PipeWireCaptureWatch::traits() const {
+  return m_connection ? PortTraits::served(QStringLiteral("pipewire"))
+                      : PortTraits::unavailable(QGuiApplication::tr("no PipeWire in this session"));
+}
+
+CaptureExclusion PipeWireCaptureWatch::exclusion() const {
+  return m_connection ? CaptureExclusion::HiddenWhileSharing : CaptureExclusion::NotAvailable;
+}
 
 void PipeWireCaptureWatch::graphChanged() {
   const bool isCasting = m_graph.isCasting();

@@ -6,14 +6,18 @@
 #include "linux/Observers.h"
 #include "platform/CaptureWatch.h"
 
+#include <QFileSystemWatcher>
 #include <QHash>
 #include <QObject>
 #include <QSet>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 namespace tarnwick {
+
+class Scheduler;
 
 /// What the registry says of the graph, and the rule that decides on it.
 class StreamGraph final {
@@ -32,13 +36,10 @@ class StreamGraph final {
 
 class PipeWireCaptureWatch final : public QObject, public CaptureWatch {
  public:
-  PipeWireCaptureWatch();
+  /// Follows a daemon that comes later, or again. The library is loaded for the first one only.
+  explicit PipeWireCaptureWatch(Scheduler& scheduler);
   ~PipeWireCaptureWatch() override;
 
-  /// Whether a daemon listens where the library would look for it; costs one look at the file system.
-  [[nodiscard]] static bool isRunning();
-  /// A daemon answered.
-  [[nodiscard]] bool isUsable() const;
   [[nodiscard]] PortTraits traits() const override;
   [[nodiscard]] CaptureExclusion exclusion() const override;
   [[nodiscard]] bool isCasting() const override { return m_isCasting; }
@@ -46,12 +47,19 @@ class PipeWireCaptureWatch final : public QObject, public CaptureWatch {
 
  private:
   struct Connection;
+  void lookForDaemon();
+  void lookAgain(std::chrono::milliseconds delay);
+  void daemonLeft();
   void graphChanged();
 
+  Scheduler& m_scheduler;
   StreamGraph m_graph;
   bool m_isCasting = false;
   Observers<> m_changed;
-  std::unique_ptr<Connection> m_connection;
+  std::unique_ptr<Connection> m_connection;  // null while no daemon answers
+  QFileSystemWatcher m_socketFolder;
+  int m_triesLeft = 0;
+  Registration m_look;
 };
 
 }  // namespace tarnwick

@@ -82,7 +82,7 @@ Registration CrushToTrashAnimator::play(const DesktopRect& from, const QColor& p
 
 void CrushToTrashAnimator::open(CrushOverlayWindow& window) {
   window.winId();
-  m_ports.windows.prepare(*window.windowHandle(), WindowLevel::Overlay);
+  m_ports.windows.applyLevel(*window.windowHandle(), WindowLevel::Overlay);
   window.show();
   window.repaint();  // what flies away is hidden right after this: no frame may be without it
   m_ports.windows.applyLevel(*window.windowHandle(), WindowLevel::Overlay);

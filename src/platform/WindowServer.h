@@ -2,9 +2,11 @@
 // Port: what Tarnwick asks of the window system for its own windows beyond what Qt gives.
 #pragma once
 
-#include "platform/PortTraits.h"
+#include "platform/DesktopGeometry.h"
 
 #include <QMargins>
+
+#include <optional>
 
 class QWindow;
 
@@ -17,9 +19,7 @@ enum class ClickThrough { Off, On };
 class WindowServer {
  public:
   virtual ~WindowServer() = default;
-  /// Sets the flags that must stand before the window is first shown.
-  virtual void prepare(QWindow& window, WindowLevel level) = 0;
-  /// Level of a window that may be on screen; also puts it on all desktops. To be repeated after each show.
+  /// Level of a window, on all desktops and in no list of tasks. Before each show, and again after it.
   virtual void applyLevel(QWindow& window, WindowLevel level) = 0;
   /// Whether clicks pass through, without unmapping the window.
   virtual void setClickThrough(QWindow& window, ClickThrough clickThrough) = 0;
@@ -33,6 +33,8 @@ class WindowServer {
   virtual void activate(QWindow& window) = 0;
   /// Wish that the window stays out of screen captures, kept and carried out as far as the desktop can.
   virtual void setSharing(QWindow& window, SharingType sharing) = 0;
+  /// Where a window that is shown really is, without its margin: what was reported may be older. Waits for an answer.
+  [[nodiscard]] virtual std::optional<DesktopRect> frameOf(QWindow& window) const = 0;
 };
 
 }  // namespace tarnwick

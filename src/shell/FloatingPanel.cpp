@@ -45,6 +45,7 @@ FloatingPanel::FloatingPanel(const BoardServices& services, const ShellPorts& po
       m_services(services),
       m_ports(ports),
       m_content(content.release()),
+      m_screens(services.screens.all()),
       m_space(services.screens.space()),
       m_ghost(ports.otherWindows, services.scheduler, services.center),
       m_veil(std::make_unique<CaptureVeil>(ports.captureWatch, services.scheduler)),
@@ -117,7 +118,7 @@ void FloatingPanel::showInFront() {
   if (!isVisible()) {
     winId();
     auto& window = *windowHandle();
-    m_ports.windowServer.prepare(window, WindowLevel::Floating);
+    m_ports.windowServer.applyLevel(window, WindowLevel::Floating);
     m_ports.windowServer.setOpacity(window, m_alpha);
     applyGeometry();
     show();
@@ -259,13 +260,23 @@ void FloatingPanel::applySharing() {
 }
 
 void FloatingPanel::screensChanged() {
+  if (m_isComposited != m_services.screens.isComposited()) compositingChanged();
+  if (m_screens == m_services.screens.all()) return;
+  m_screens = m_services.screens.all();
   const auto before = m_space;
   m_space = m_services.screens.space();
-  m_frame = placement::broughtIntoView(m_space.fromQt(before.toQt(m_frame)), m_services.screens.all());
-  if (m_isComposited != m_services.screens.isComposited()) endMotion();
+  m_frame = placement::broughtIntoView(m_space.fromQt(before.toQt(m_frame)), m_screens);
+  applyCompositing();
+  for (const auto& [id, panel] : m_tornPanels) panel->screensChanged(before);
+  // Their places are counted from the primary screen's lower edge, which may be another one now.
+  rememberFramesLater();
+}
+
+void FloatingPanel::compositingChanged() {
+  endMotion();
   applyCompositing();
   if (!m_isComposited && isVisible() && !m_isDismissing) setAlpha(1);
-  for (const auto& [id, panel] : m_tornPanels) panel->screensChanged(before);
+  for (const auto& [id, panel] : m_tornPanels) panel->compositingChanged();
 }
 
 void FloatingPanel::closeEvent(QCloseEvent* event) {

@@ -6,6 +6,7 @@
 #include "board/TornNotes.h"
 #include "platform/DesktopGeometry.h"
 #include "platform/Registration.h"
+#include "platform/Screens.h"
 #include "platform/WindowServer.h"
 #include "shell/BoardMotion.h"
 #include "shell/GhostController.h"
@@ -114,6 +115,7 @@ class FloatingPanel final : public QWidget, public TornNotes {
   void endMotion();
   void setAlpha(double alpha);
   void screensChanged();
+  void compositingChanged();
   [[nodiscard]] bool isVeiled() const;
   /// Width of the window's rim around the board: room for the shadow, or the black edge.
   [[nodiscard]] int rim() const;
@@ -122,6 +124,8 @@ class FloatingPanel final : public QWidget, public TornNotes {
   [[nodiscard]] DesktopRect visibleFrameAtPointer() const;
   [[nodiscard]] DesktopRect placeForTornNote(const QUuid& id, const std::optional<DesktopRect>& near, DesktopSize size);
   void rememberFrame(const QUuid& id);
+  /// Of all open notes, when there is nothing else to do.
+  void rememberFramesLater();
   void readRememberedFrames();
   /// Takes the window out of the table and away; it is released when no event of its own is under way.
   void dropPanel(const QUuid& id);
@@ -132,6 +136,7 @@ class FloatingPanel final : public QWidget, public TornNotes {
   AnchorSource m_anchorSource;
   DesktopRect m_frame{0, 0, kSide, kSide};  // inner panel, as wanted; the window system may lag behind
   bool m_isPlaced = false;                  // it was presented once
+  std::vector<ScreenFacts> m_screens;  // as last seen
   DesktopSpace m_space;
   GhostController m_ghost;
   std::unique_ptr<CaptureVeil> m_veil;

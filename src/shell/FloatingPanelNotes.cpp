@@ -71,9 +71,12 @@ void FloatingPanel::tearOffTask(const TaskPtr& task, const std::optional<Desktop
   task->set(&TaskRecord::isTornOff, true);
   (void)m_services.container.mainContext().save();
   m_services.sound.playTear();
-  // After the window is up: the settings file can wait, the user should not.
+  rememberFramesLater();  // the settings file can wait, the user should not
+}
+
+void FloatingPanel::rememberFramesLater() {
   m_rememberWork = m_services.scheduler.post([this] {
-    for (const auto& [open, unused] : m_tornPanels) rememberFrame(open);
+    for (const auto& [id, unused] : m_tornPanels) rememberFrame(id);
   });
 }
 

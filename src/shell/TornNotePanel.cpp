@@ -39,8 +39,15 @@ constexpr auto kTuckDelay = 800ms;
 constexpr auto kTuckTime = 200ms;
 // Some window managers report a wrong place right after the first show; asking again sets that right.
 constexpr auto kReplaceDelay = 100ms;
-// Reports of our own moves arrive late; what comes after this is the window manager's doing.
-constexpr auto kOwnMoveEcho = 400ms;
+// Reports of our own moves arrive late, and while a window is being framed they name places where it never stays: what
+// the window manager really did is asked when this long nothing has moved.
+constexpr auto kSettled = 400ms;
+
+bool isNearly(const DesktopRect& one, const DesktopRect& other) {
+  constexpr double kRounding = 1.5;  // between scales
+  return std::abs(one.x - other.x) < kRounding && std::abs(one.y - other.y) < kRounding &&
+         std::abs(one.width - other.width) < kRounding && std::abs(one.height - other.height) < kRounding;
+}
 
 }  // namespace
 
@@ -272,9 +279,8 @@ void TornNotePanel::refreshVisibility() {
     return;
   }
   winId();
-  m_ports.windowServer.prepare(*windowHandle(), m_level);
-  applyGeometry();
   applyToWindow();
+  applyGeometry();
   show();
   applyToWindow();
   m_replace = m_services.scheduler.after(kReplaceDelay, [this] { applyGeometry(); });
@@ -312,23 +318,33 @@ void TornNotePanel::applyGeometry() {
 
 void TornNotePanel::moveEvent(QMoveEvent* event) {
   QWidget::moveEvent(event);
-  if (event->spontaneous()) adoptReportedGeometry();
+  if (event->spontaneous()) geometryReported();
 }
 
 void TornNotePanel::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   m_hosting->setGeometry(rect());
-  if (event->spontaneous()) adoptReportedGeometry();
+  if (event->spontaneous()) geometryReported();
 }
 
-void TornNotePanel::adoptReportedGeometry() {
-  if (!isVisible() || isDocked() || m_hosting->isDraggingWindow() || m_sizeFrames.isHeld()) return;
-  if (m_services.clock.mediaTime() - m_lastOwnMove < kOwnMoveEcho) return;
+void TornNotePanel::geometryReported() {
   const auto reported = m_services.screens.space().fromQt(QRectF(geometry()));
-  const bool isSame = std::abs(reported.x - m_frame.x) < 1.5 && std::abs(reported.y - m_frame.y) < 1.5 &&
-                      std::abs(reported.width - m_frame.width) < 1.5 && std::abs(reported.height - m_frame.height) < 1.5;
-  if (isSame) return;
-  m_frame = reported;
+  if (!isNearly(reported, m_frame)) m_settling = m_services.scheduler.after(kSettled, [this] { adoptTrueFrame(); });
+}
+
+void TornNotePanel::adoptTrueFrame() {
+  if (!isVisible() || m_hosting->isDraggingWindow() || m_sizeFrames.isHeld()) return;
+  if (const auto rest = kSettled - (m_services.clock.mediaTime() - m_lastOwnMove); rest > 0ns) {
+    m_settling = m_services.scheduler.after(std::chrono::ceil<std::chrono::milliseconds>(rest), [this] { adoptTrueFrame(); });
+    return;
+  }
+  const auto frame = m_ports.windowServer.frameOf(*windowHandle());
+  if (!frame) return;
+  if (isNearly(*frame, m_frame)) {
+    applyGeometry();  // the report was wrong, and Qt believes it
+    return;
+  }
+  m_frame = *frame;
   userMovedWindow();
 }
 
@@ -351,14 +367,17 @@ void TornNotePanel::screensChanged(const DesktopSpace& before) {
   const auto after = m_services.screens.space();
   m_home = after.fromQt(before.toQt(m_home));
   m_frame = after.fromQt(before.toQt(m_frame));
-  m_noteView->refresh();
-  if (m_isGhost && !m_noteView->isCrushing()) setAlpha(restingAlpha());
   if (isDocked()) {
     m_appPinning->screensChanged();
   } else {
     const auto shown = m_isTucked ? placement::keepingTopRight(m_home, m_frame.size()) : m_home;
     setFrame(placement::broughtIntoView(shown, m_services.screens.all()));
   }
+}
+
+void TornNotePanel::compositingChanged() {
+  m_noteView->refresh();
+  if (m_isGhost && !m_noteView->isCrushing()) setAlpha(restingAlpha());
 }
 
 void TornNotePanel::closeEvent(QCloseEvent* event) {

@@ -82,6 +82,8 @@ class TornNotePanel final : public QWidget, public PinnedWindow {
   void setHome(const DesktopRect& home);
   /// Monitors came or went; `before` converts coordinates of the old arrangement.
   void screensChanged(const DesktopSpace& before);
+  /// Transparency came or went.
+  void compositingChanged();
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -102,8 +104,10 @@ class TornNotePanel final : public QWidget, public PinnedWindow {
   void hoverChanged(bool isInside);
   void resignKey();
   void userMovedWindow();
-  /// The window manager moved or resized the window: our model follows.
-  void adoptReportedGeometry();
+  /// The window manager says that it moved or resized the window.
+  void geometryReported();
+  /// Our model follows what the window manager did, once both have come to rest.
+  void adoptTrueFrame();
   [[nodiscard]] double restingAlpha() const;
   void fadeTo(double alpha, std::chrono::milliseconds duration);
   void workspaceModeChanged(const QString& mode);
@@ -146,6 +150,7 @@ class TornNotePanel final : public QWidget, public PinnedWindow {
   Registration m_sizeFrames;
   Registration m_alphaFrames;
   Registration m_replace;
+  Registration m_settling;
 };
 
 }  // namespace tarnwick

@@ -81,10 +81,12 @@ class FakeWindowServer final : public WindowServer {
     double opacity = 1;
     int raises = 0;
     int activations = 0;
+    std::optional<DesktopRect> frame;
   };
   [[nodiscard]] const State& of(const QWindow* window) { return m_states[window]; }
+  /// The window manager has it there.
+  void place(const QWindow* window, const DesktopRect& frame) { m_states[window].frame = frame; }
 
-  void prepare(QWindow& window, WindowLevel level) override { m_states[&window].level = level; }
   void applyLevel(QWindow& window, WindowLevel level) override { m_states[&window].level = level; }
   void setClickThrough(QWindow& window, ClickThrough value) override { m_states[&window].clickThrough = value; }
   void setOpacity(QWindow& window, double opacity) override { m_states[&window].opacity = opacity; }
@@ -92,6 +94,10 @@ class FakeWindowServer final : public WindowServer {
   void raiseWithoutActivating(QWindow& window) override { ++m_states[&window].raises; }
   void activate(QWindow& window) override { ++m_states[&window].activations; }
   void setSharing(QWindow& window, SharingType sharing) override { m_states[&window].sharing = sharing; }
+  [[nodiscard]] std::optional<DesktopRect> frameOf(QWindow& window) const override {
+    const auto found = m_states.find(&window);
+    return found == m_states.end() ? std::nullopt : found->second.frame;
+  }
 
  private:
   std::map<const QWindow*, State> m_states;

@@ -30,7 +30,7 @@ TEST(WithoutX11, EveryPortIsServedOrSaysWhyNot) {
 TEST(WithoutX11, WindowsStillTakeTheirFlags) {
   LinuxPorts ports;
   QWindow window;
-  ports.windowServer().prepare(window, WindowLevel::Floating);
+  ports.windowServer().applyLevel(window, WindowLevel::Floating);
   EXPECT_TRUE(window.flags().testFlag(Qt::WindowStaysOnTopHint));
   ports.windowServer().applyLevel(window, WindowLevel::Desktop);
   EXPECT_TRUE(window.flags().testFlag(Qt::WindowStaysOnBottomHint));

@@ -62,7 +62,7 @@ class Note : public QWidget {
     setAttribute(Qt::WA_TranslucentBackground);
     setGeometry(place);
     winId();
-    m_server.prepare(*windowHandle(), level);
+    m_server.applyLevel(*windowHandle(), level);
     show();
     m_server.applyLevel(*windowHandle(), level);
   }
@@ -170,7 +170,7 @@ TEST_F(OurWindows, AreKeptOffTheTaskbarFromTheFirst) {
     return std::find(windows.begin(), windows.end(), static_cast<xcb_window_t>(pane.winId())) != windows.end();
   };
   for (const auto* which : {"the first time", "and once more"}) {
-    server.prepare(*pane.windowHandle(), WindowLevel::Floating);
+    server.applyLevel(*pane.windowHandle(), WindowLevel::Floating);
     pane.show();  // and nothing is asked for afterwards
     ASSERT_TRUE(holdsSoon(isListed)) << which;
     EXPECT_TRUE(clients.hasState(static_cast<xcb_window_t>(pane.winId()), "_NET_WM_STATE_SKIP_TASKBAR")) << which;

@@ -1,6 +1,8 @@
 # SPDX-License-Identifier: MIT
 """Three hundred notes on the desktop at once, and all of them again after a restart."""
-from driver import wait
+from collections import Counter
+
+from driver import Failure, wait
 from stage import expect, park, play, settled
 
 MANY = 300
@@ -20,8 +22,17 @@ def scene(tarnwick, server, say):
 
     there = settled(frames, "the notes", limit=120)
     expect(len(there) == MANY, f"{len(there)} notes are open")
-    wait(lambda: sorted(map(server.inner, server.notes())) == sorted(there.values()), "the X server has all of them there",
-         limit=120)
+
+    def the_server_agrees():
+        try:
+            wait(lambda: sorted(map(server.inner, server.notes())) == sorted(there.values()),
+                 "the X server has all of them there", limit=20)
+        except Failure as failure:
+            seen = Counter(map(tuple, map(server.inner, server.notes())))
+            told = Counter(map(tuple, there.values()))
+            raise Failure(f"{failure}; only the server: {seen - told}, only the status: {told - seen}") from None
+
+    the_server_agrees()
     across, down = server.x.screen().width_in_pixels, server.x.screen().height_in_pixels
 
     def within_reach(seen):
@@ -42,7 +53,9 @@ def scene(tarnwick, server, say):
     expect(tarnwick.quit() == 0, "it ends well")
     tarnwick.start("--background")
     wait(lambda: (frames() or {}).keys() == there.keys(), "all are back", limit=120)
-    within_reach(settled(frames, "the notes", limit=120))
+    back = settled(frames, "the notes", limit=120)
+    expect(back == there, f"every note is back where it was, but for {[(*each, back[each[0]]) for each in there.items() if back[each[0]] != each[1]]}")
+    the_server_agrees()
     say("and after a restart")
 
 

@@ -303,6 +303,10 @@ class NoteDrag : public NoteWindow {
  protected:
   void press(TornNotePanel& note, QPoint at) { QTest::mousePress(note.windowHandle(), Qt::LeftButton, {}, at); }
   void move(TornNotePanel& note, QPoint to) { QTest::mouseMove(note.windowHandle(), to); }
+  static void report(TornNotePanel& note, QPoint corner) {
+    note.windowHandle()->setPosition(corner);
+    QCoreApplication::processEvents();
+  }
   void release(TornNotePanel& note, QPoint at) { QTest::mouseRelease(note.windowHandle(), Qt::LeftButton, {}, at); }
 };
 
@@ -370,6 +374,36 @@ TEST_F(NoteDrag, takesTheWindowsTruePlaceFromThePress) {
   move(note, {135, 120});
   EXPECT_EQ(note.pos(), QPoint(410, 200));
   release(note, {135, 120});
+}
+
+TEST_F(NoteDrag, believesTheWindowManagerAboutTheTruePlaceOnly) {
+  const auto task = note();
+  auto& note = torn(task);
+  pass(1s);
+  const auto before = note.frame();
+  windowServer.place(note.windowHandle(), before);
+  report(note, {400, 200});  // what was read while the window was being framed
+  EXPECT_EQ(note.pos(), QPoint(400, 200));
+  pass(1s);
+  EXPECT_EQ(note.frame(), before);
+  EXPECT_EQ(note.pos(), QPoint(930, 50));
+  EXPECT_EQ(time.pendingCount(), 0);
+  // With the option key it is the window manager that moves it.
+  windowServer.place(note.windowHandle(), {300, 310, 250, 230});
+  report(note, {300, 260});
+  pass(1s);
+  EXPECT_EQ(note.frame(), (DesktopRect{300, 310, 250, 230}));
+  EXPECT_EQ(note.home(), note.frame());
+}
+
+TEST_F(NoteDrag, aDockedTabThatTheWindowManagerMovesStaysThereToo) {
+  const auto task = pinnedNote(kEditor);
+  auto& note = docked(task);
+  pass(1s);
+  windowServer.place(note.windowHandle(), {622, 490, 210, 46});
+  report(note, {622, 264});
+  pass(1s);
+  EXPECT_EQ(defaults.reals(keys::kAppNoteOffsetPrefix + upper(task->id())), (std::vector<double>{-68, -164}));
 }
 
 // --- Deep work ---

@@ -233,6 +233,23 @@ TEST_F(Monitors, aNoteKeepsItsPlaceOnTheGlassWhenThePrimaryScreenGetsHigher) {
   screens.screens[0] = {QStringLiteral("left"), {0, 0, 1280, 1024}, {0, 0, 1280, 994}, 1};
   screens.changed.notify();
   EXPECT_EQ(note.geometry(), before);
+  // Also after a restart: what is remembered is counted from the new lower edge.
+  time.settle();
+  const auto task = note.task();
+  restart();
+  EXPECT_EQ(torn(task).geometry(), before);
+}
+
+TEST_F(Monitors, aCompositorThatComesOrGoesMovesNothing) {
+  auto& note = torn(this->note());
+  dragBy(note, {125, 120}, {330, 0});  // the user wants it nearly out of sight
+  const auto there = note.frame();
+  ASSERT_GT(there.minX(), 1280 - 48);
+  for (const bool isOn : {false, true}) {
+    screens.hasCompositor = isOn;
+    screens.changed.notify();
+    EXPECT_EQ(note.frame(), there);
+  }
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include "platform/WindowServer.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QWindow>
 
 namespace tarnwick {
@@ -24,8 +26,7 @@ namespace tarnwick {
 
 class QtWindowServer final : public WindowServer {
  public:
-  void prepare(QWindow& window, WindowLevel level) override { window.setFlags(flagsForLevel(window.flags(), level)); }
-  void applyLevel(QWindow& window, WindowLevel level) override { prepare(window, level); }
+  void applyLevel(QWindow& window, WindowLevel level) override { window.setFlags(flagsForLevel(window.flags(), level)); }
   void setClickThrough(QWindow& window, ClickThrough clickThrough) override {
     window.setFlag(Qt::WindowTransparentForInput, clickThrough == ClickThrough::On);
   }
@@ -37,6 +38,12 @@ class QtWindowServer final : public WindowServer {
     window.requestActivate();
   }
   void setSharing(QWindow&, SharingType) override {}
+  /// What Qt knows: there is nobody to ask.
+  [[nodiscard]] std::optional<DesktopRect> frameOf(QWindow& window) const override {
+    const auto* primary = QGuiApplication::primaryScreen();
+    if (!primary) return std::nullopt;
+    return DesktopSpace(primary->geometry().height()).fromQt(QRectF(window.geometry()));
+  }
 };
 
 }  // namespace tarnwick

@@ -2,6 +2,7 @@
 #include "linux/x11/X11WindowServer.h"
 
 #include "linux/qt/QtWindowServer.h"
+#include "linux/x11/NativeSpace.h"
 #include "linux/x11/XcbConnection.h"
 
 #include <QEvent>
@@ -75,21 +76,24 @@ X11WindowServer::X11WindowServer()
 }
 
 void X11WindowServer::prepare(QWindow& window, WindowLevel level) {
-  window.setFlags(flagsForLevel(window.flags(), level));
   window.setProperty("_q_showWithoutActivating", true);
   if (level == WindowLevel::Overlay) return;
-  giveOwnGroup(m_connection, idOf(window));
-  if (window.isVisible()) return;
-  // Asked for once it is there, a panel shows it for a moment first. Qt adds to what a hidden window says.
-  const xcb_atom_t states[] = {m_atoms.skipTaskbar, m_atoms.skipPager};
-  xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, idOf(window), m_atoms.state, XCB_ATOM_ATOM, 32, 2, states);
+  const auto id = idOf(window);
+  giveOwnGroup(m_connection, id);
+  // A panel that reads a new window's state before it listens for changes would show it among the tasks for good.
+  const xcb_atom_t states[] = {m_atoms.skipTaskbar, m_atoms.skipPager,
+                               level == WindowLevel::Desktop ? m_atoms.below : m_atoms.above};
+  xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, id, m_atoms.state, XCB_ATOM_ATOM, 32, 3, states);
+  xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, id, m_atoms.desktop, XCB_ATOM_CARDINAL, 32, 1, &kAllDesktops);
 }
 
 void X11WindowServer::applyLevel(QWindow& window, WindowLevel level) {
   // Qt rewrites type and state from its flags whenever one changes, so the level must live in the flags as well.
   const auto flags = flagsForLevel(window.flags(), level);
   if (window.flags() != flags) window.setFlags(flags);
-  if (level != WindowLevel::Overlay && window.isVisible()) {
+  if (!window.isVisible()) {
+    prepare(window, level);
+  } else if (level != WindowLevel::Overlay) {
     setState(window, level == WindowLevel::Desktop, m_atoms.below);
     setState(window, level == WindowLevel::Floating, m_atoms.above);
     setState(window, true, m_atoms.skipTaskbar, m_atoms.skipPager);
@@ -146,6 +150,19 @@ void X11WindowServer::activate(QWindow& window) {
 
 void X11WindowServer::setSharing(QWindow& window, SharingType sharing) {
   window.setProperty("tarnwickSharing", sharing == SharingType::None ? QStringLiteral("none") : QStringLiteral("readOnly"));
+}
+
+std::optional<DesktopRect> X11WindowServer::frameOf(QWindow& window) const {
+  const auto id = idOf(window);
+  const auto geometryAsked = xcb_get_geometry(m_connection, id);
+  const auto placeAsked = xcb_translate_coordinates(m_connection, id, m_root, 0, 0);
+  const XcbReply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(m_connection, geometryAsked, nullptr));
+  const XcbReply<xcb_translate_coordinates_reply_t> place(
+      xcb_translate_coordinates_reply(m_connection, placeAsked, nullptr));
+  if (!geometry || !place) return std::nullopt;
+  const QRect whole(place->dst_x, place->dst_y, geometry->width, geometry->height);
+  const auto margins = m_wishes.value(&window).margins;
+  return desktopFromNative(whole.marginsRemoved(toNative(margins, window.devicePixelRatio())));
 }
 
 // A window manager that reads the shape while it frames a window misses one that is set meanwhile; by the first exposure

@@ -19,7 +19,6 @@ class X11WindowServer final : public QObject, public WindowServer {
  public:
   X11WindowServer();
 
-  void prepare(QWindow& window, WindowLevel level) override;
   void applyLevel(QWindow& window, WindowLevel level) override;
   void setClickThrough(QWindow& window, ClickThrough clickThrough) override;
   void setOpacity(QWindow& window, double opacity) override;
@@ -28,6 +27,7 @@ class X11WindowServer final : public QObject, public WindowServer {
   void activate(QWindow& window) override;
   /// X11 lets every client read the screen: the wish is kept with the window, nothing enforces it.
   void setSharing(QWindow& window, SharingType sharing) override;
+  [[nodiscard]] std::optional<DesktopRect> frameOf(QWindow& window) const override;
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -37,6 +37,8 @@ class X11WindowServer final : public QObject, public WindowServer {
     QMargins margins;
   };
   Wishes& wishesOf(QWindow& window);
+  /// What must stand before a window is first seen by the window manager and by panels.
+  void prepare(QWindow& window, WindowLevel level);
   void applyExtents(QWindow& window);
   void applyShape(QWindow& window);
   void sendToRoot(QWindow& window, xcb_atom_t type, std::initializer_list<uint32_t> data);

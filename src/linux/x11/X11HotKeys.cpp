@@ -57,13 +57,25 @@ void X11HotKeys::handle(const xcb_generic_event_t& event) {
       auto mapping = eventAs<xcb_mapping_notify_event_t>(event);
       if (mapping.request == XCB_MAPPING_POINTER) break;
       xcb_refresh_keyboard_mapping(m_symbols, &mapping);
-      for (const auto& each : *m_grabs) ungrab(*each);
-      readModifiers();
-      for (const auto& each : *m_grabs) grab(*each);
+      followMapping();
       break;
     }
     default: break;
   }
+}
+
+void X11HotKeys::followMapping() {
+  const auto locks = lockVariants();
+  readModifiers();
+  const bool isSame = locks == lockVariants() && std::all_of(m_grabs->begin(), m_grabs->end(), [this](const auto& each) {
+                        return each->keyCode == keyCodeOf(each->chord);
+                      });
+  // Mappings are announced for other keys too: a chord that is given back for a moment is lost if it is pressed just then.
+  if (isSame) return;
+  const auto now = std::exchange(m_numLock, locks.at(2));
+  for (const auto& each : *m_grabs) ungrab(*each);
+  m_numLock = now;
+  for (const auto& each : *m_grabs) grab(*each);
 }
 
 void X11HotKeys::pressed(const xcb_key_press_event_t& press) {

@@ -26,6 +26,7 @@ class X11HotKeys final : public HotKeys {
  private:
   struct Grab;
   void handle(const xcb_generic_event_t& event);
+  void followMapping();
   void pressed(const xcb_key_press_event_t& press);
   void released(const xcb_key_press_event_t& release);
   int grab(Grab& grab);

@@ -17,6 +17,8 @@
 #include <QPainter>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace tarnwick {
 
 namespace {
@@ -28,6 +30,7 @@ constexpr std::chrono::seconds kPresenceDelay(8);
 constexpr std::chrono::seconds kInkDelays[] = {std::chrono::seconds(1), std::chrono::seconds(5), kPresenceDelay};
 constexpr QRgb kDarkInk = 0xFF22232A;
 constexpr qreal kLightPanel = 0.5;
+constexpr int kPixelsOfRim = 22;  // one for each
 
 QIcon glyphIn(QRgb ink) {
   const QIcon pale = Symbols::trayIcon();
@@ -37,6 +40,26 @@ QIcon glyphIn(QRgb ink) {
     QPainter painter(&pixmap);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(pixmap.rect(), QColor::fromRgba(ink));
+    painter.end();
+    icon.addPixmap(pixmap);
+  }
+  return icon;
+}
+
+/// Light with a dark rim, for a panel that does not show where the item is: it reads on light and on dark ones.
+QIcon rimmedGlyph() {
+  const QIcon pale = Symbols::trayIcon();
+  const QIcon dark = glyphIn(kDarkInk);
+  QIcon icon;
+  for (const QSize& size : pale.availableSizes()) {
+    QPixmap pixmap(size);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    const int rim = std::max(1, size.width() / kPixelsOfRim);
+    for (const int dx : {-rim, 0, rim}) {
+      for (const int dy : {-rim, 0, rim}) painter.drawPixmap(dx, dy, dark.pixmap(size, 1));
+    }
+    painter.drawPixmap(0, 0, pale.pixmap(size, 1));
     painter.end();
     icon.addPixmap(pixmap);
   }
@@ -75,7 +98,7 @@ StatusBarController::StatusBarController(FloatingPanel& panel, Services services
   // A tray that draws the menu itself asks for it before it ever shows one.
   buildMenu();
   connect(m_menu.get(), &QMenu::aboutToShow, this, &StatusBarController::buildMenu);
-  m_item.setIcon(Symbols::trayIcon());
+  m_item.setIcon(rimmedGlyph());
   m_item.setToolTip(tr("Tarnwick — ⌘⇧T"));
   m_item.setContextMenu(m_menu.get());
   connect(&m_item, &QSystemTrayIcon::activated, this, &StatusBarController::statusItemPressed);
@@ -95,9 +118,10 @@ void StatusBarController::start() {
 
 void StatusBarController::applyInk() {
   const auto lightness = lightnessAround(m_item.geometry());
-  if (!lightness || (*lightness > kLightPanel) == m_isOnLightPanel) return;
-  m_isOnLightPanel = !m_isOnLightPanel;
-  m_item.setIcon(m_isOnLightPanel ? glyphIn(kDarkInk) : Symbols::trayIcon());
+  const auto panel = lightness ? std::optional(*lightness > kLightPanel) : std::nullopt;
+  if (panel == m_isOnLightPanel) return;
+  m_isOnLightPanel = panel;
+  m_item.setIcon(!panel ? rimmedGlyph() : *panel ? glyphIn(kDarkInk) : Symbols::trayIcon());
 }
 
 void StatusBarController::buildMenu() {

@@ -71,7 +71,7 @@ class StatusBarController final : public QObject {
   std::unique_ptr<QMenu> m_menu;
   QSystemTrayIcon m_item;
   std::optional<DesktopRect> m_clickedAnchor;
-  bool m_isOnLightPanel = false;
+  std::optional<bool> m_isOnLightPanel;  // nothing while the item's place is not known
   Registration m_presenceCheck;
   std::vector<Registration> m_inkChecks;
 };

@@ -123,6 +123,17 @@ class Walk : public ShellWorld {
       torn.insert(task->id());
       const auto facts = window->facts();
       ASSERT_EQ(facts.isVisible, window->isVisible());
+      ASSERT_EQ(window->geometry(), screens.space().toQt(facts.frame).toRect()) << "last: " << m_last;
+      const auto mode = defaults.text(keys::kNoteDisplayMode);
+      ASSERT_EQ(facts.isGhost, mode == QStringLiteral("mouseThrough"));
+      if (facts.isVisible) {
+        const auto& seen = this->window(*window);
+        ASSERT_EQ(seen.level, mode == QStringLiteral("desktop") ? WindowLevel::Desktop : WindowLevel::Floating);
+        ASSERT_EQ(seen.sharing, facts.sharing);
+        ASSERT_EQ(seen.opacity, facts.opacity);
+        // A ghost hears of the option key a moment later.
+        ASSERT_TRUE(facts.isGhost || seen.clickThrough == ClickThrough::Off) << "last: " << m_last;
+      }
       ASSERT_FALSE(facts.isTucked && facts.isGhost);
       ASSERT_TRUE(!facts.isDocked || task->record().pinnedBundleID == kEditor.bundleID);
       ASSERT_FALSE(facts.sharing == SharingType::None && capture.casting && facts.isVisible);

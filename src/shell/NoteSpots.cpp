@@ -100,8 +100,6 @@ void NoteTextSpot::wheelEvent(QWheelEvent* event) {
 }
 
 void NoteTextSpot::keyPressEvent(QKeyEvent* event) {
-  m_isRinged = true;
-  update();
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter: Q_EMIT keyboardEditRequested(); break;
@@ -110,8 +108,10 @@ void NoteTextSpot::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_PageUp: Q_EMIT scrolled(-80); break;
     case Qt::Key_PageDown: Q_EMIT scrolled(80); break;
     case Qt::Key_Space: Q_EMIT toggled(); break;
-    default: QWidget::keyPressEvent(event);
+    default: QWidget::keyPressEvent(event); return;  // a key held on its own, or a chord for somebody else
   }
+  m_isRinged = true;
+  update();
 }
 
 void NoteTextSpot::paintEvent(QPaintEvent*) {

@@ -6,6 +6,7 @@
 #include "app/commands/CommandLine.h"
 #include "app/commands/OfflineServices.h"
 #include "context/GitQueue.h"
+#include "effects/Controls.h"
 #include "effects/Symbols.h"
 #include "linux/LinuxPorts.h"
 #include "linux/xdg/ProcessFiles.h"
@@ -34,7 +35,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kIconAfterLaunch = 200ms;
+constexpr auto kLooksAfterLaunch = 200ms;
 
 enum class Start { Program, Command };
 
@@ -167,9 +168,11 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
     return 0;
   }
   delegate.applicationDidFinishLaunching();
-  // Drawn once the icon is in the tray.
-  const Registration icon =
-      ports.scheduler().after(kIconAfterLaunch, [] { QApplication::setWindowIcon(windowIcon()); });
+  // Once the icon is in the tray: no window needs them before.
+  const Registration looks = ports.scheduler().after(kLooksAfterLaunch, [] {
+    QApplication::setWindowIcon(windowIcon());
+    styleToolTips();
+  });
   if (words.size() > 1) delegate.openFiles(filesOf(words.mid(1), QDir::currentPath()));
   const int status = QApplication::exec();
   delegate.applicationWillTerminate();

@@ -9,6 +9,8 @@
 #include <QLinearGradient>
 #include <QMenu>
 #include <QPainter>
+#include <QPalette>
+#include <QToolTip>
 
 namespace tarnwick {
 
@@ -39,6 +41,16 @@ void paintPaperLabel(QPainter& painter, const QRectF& rect, double radius, doubl
     inside.setPen(QPen(tokens::white(.8), 1));
     inside.drawLine(QPointF(label.left() + top, label.top() + .5), QPointF(label.right() - top, label.top() + .5));
   });
+}
+
+void styleToolTips() {
+  QPalette palette;
+  palette.setColor(QPalette::ToolTipBase, QColor::fromRgb(tokens::kPopup));
+  palette.setColor(QPalette::ToolTipText, QColor::fromRgb(tokens::kText));
+  palette.setColor(QPalette::Window, QColor::fromRgb(tokens::kPopup));
+  palette.setColor(QPalette::WindowText, QColor::fromRgb(tokens::kText));
+  QToolTip::setPalette(palette);
+  QToolTip::setFont(tokens::font(tokens::Type::Help));
 }
 
 void styleMenu(QMenu& menu) {

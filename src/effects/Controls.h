@@ -18,6 +18,8 @@ namespace tarnwick {
 void paintFocusRing(QPainter& painter, const QRectF& rect, double radius);
 /// The cream label under a selected tab or a tool that is on.
 void paintPaperLabel(QPainter& painter, const QRectF& rect, double radius, double angle = 0);
+/// Dark tool tips, for the whole program.
+void styleToolTips();
 /// A dark rounded menu in the program's style.
 void styleMenu(QMenu& menu);
 

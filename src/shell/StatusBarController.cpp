@@ -29,6 +29,7 @@ constexpr std::chrono::seconds kPresenceDelay(8);
 // The item comes up when the panel gets to it; nobody tells when.
 constexpr std::chrono::seconds kInkDelays[] = {std::chrono::seconds(1), std::chrono::seconds(5), kPresenceDelay};
 constexpr QRgb kDarkInk = 0xFF22232A;
+constexpr QRgb kInkForAnyMenu = 0xFF85817A;
 constexpr qreal kLightPanel = 0.5;
 constexpr int kPixelsOfRim = 22;  // one for each
 
@@ -82,9 +83,7 @@ std::optional<qreal> lightnessAround(const QRect& item) {
   return sum / 4;
 }
 
-QIcon symbol(const QString& name) {
-  return QIcon(Symbols::pixmap(name, 16, QColor::fromRgb(tokens::kText2), 2));
-}
+QIcon symbol(const QString& name, QRgb ink) { return QIcon(Symbols::pixmap(name, 16, QColor::fromRgb(ink), 2)); }
 
 }  // namespace
 
@@ -126,10 +125,12 @@ void StatusBarController::applyInk() {
 
 void StatusBarController::buildMenu() {
   m_menu->clear();
-  const auto add = [this](const QString& title, const QString& symbolName, const QKeySequence& keys,
+  // A panel that hides the item's place draws the menu as well, light or dark.
+  const QRgb ink = m_item.geometry().isEmpty() ? kInkForAnyMenu : tokens::kText2;
+  const auto add = [this, ink](const QString& title, const QString& symbolName, const QKeySequence& keys,
                           void (StatusBarController::*action)()) {
     auto* item = m_menu->addAction(title, this, action);
-    if (!symbolName.isEmpty()) item->setIcon(symbol(symbolName));
+    if (!symbolName.isEmpty()) item->setIcon(symbol(symbolName, ink));
     item->setShortcut(keys);
     item->setShortcutVisibleInContextMenu(true);
     return item;

@@ -86,6 +86,7 @@ class Walk : public ShellWorld {
     pass(100ms);
   }
   void monitors() {
+    const auto before = screens.screens;
     switch (next(6)) {
       case 0: screens.screens = {kLeft}; break;
       case 1: case 2: screens.screens = {kLeft, kRight}; break;
@@ -94,6 +95,7 @@ class Walk : public ShellWorld {
       default: screens.hasCompositor = !screens.hasCompositor;
     }
     screens.changed.notify();
+    if (screens.screens == before) return;  // where the user dragged a note it stays
     for (const auto& facts : board().tornWindows()) {
       const double needed = facts.isTucked ? placement::kTabSize.height : placement::kReach;
       ASSERT_TRUE(std::ranges::any_of(screens.screens, [&](const auto& screen) {

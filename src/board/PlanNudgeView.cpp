@@ -170,7 +170,7 @@ void PlanNudgeView::setNudge(const PlanNudge& nudge, Sky sky) {
   m_sky = sky;
   setAccessibleName(nudge.title);
   setAccessibleDescription(nudge.subtitle);
-  layOut();
+  if (!isHidden()) layOut();
 }
 
 void PlanNudgeView::setMood(BoardMood mood) {
@@ -182,6 +182,11 @@ void PlanNudgeView::setMood(BoardMood mood) {
 void PlanNudgeView::setShift(int shift) {
   if (shift == m_shift) return;
   m_shift = shift;
+  layOut();
+}
+
+void PlanNudgeView::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
   layOut();
 }
 

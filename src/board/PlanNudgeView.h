@@ -36,6 +36,7 @@ class PlanNudgeView final : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override { QWidget::mousePressEvent(event); }
   void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void layOut();

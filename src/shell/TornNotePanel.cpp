@@ -279,6 +279,8 @@ void TornNotePanel::refreshVisibility() {
     return;
   }
   winId();
+  windowHandle()->installEventFilter(this);
+  m_isPlaced = false;
   applyToWindow();
   applyGeometry();
   show();
@@ -327,6 +329,14 @@ void TornNotePanel::resizeEvent(QResizeEvent* event) {
   if (event->spontaneous()) geometryReported();
 }
 
+bool TornNotePanel::eventFilter(QObject* watched, QEvent* event) {
+  // By its first exposure the window manager has framed it.
+  if (event->type() == QEvent::Expose && watched == windowHandle() && !m_isPlaced) {
+    m_settling = m_services.scheduler.after(kSettled, [this] { adoptTrueFrame(); });
+  }
+  return QWidget::eventFilter(watched, event);
+}
+
 void TornNotePanel::geometryReported() {
   const auto reported = m_services.screens.space().fromQt(QRectF(geometry()));
   if (!isNearly(reported, m_frame)) m_settling = m_services.scheduler.after(kSettled, [this] { adoptTrueFrame(); });
@@ -338,10 +348,13 @@ void TornNotePanel::adoptTrueFrame() {
     m_settling = m_services.scheduler.after(std::chrono::ceil<std::chrono::milliseconds>(rest), [this] { adoptTrueFrame(); });
     return;
   }
+  if (!m_isPlaced && !windowHandle()->isExposed()) return;
+  const bool isPlacing = !std::exchange(m_isPlaced, true);
   const auto frame = m_ports.windowServer.frameOf(*windowHandle());
   if (!frame) return;
-  if (isNearly(*frame, m_frame)) {
-    applyGeometry();  // the report was wrong, and Qt believes it
+  // The report was wrong, and Qt believes it; or a busy window manager found a place of its own for a new window.
+  if (isNearly(*frame, m_frame) || isPlacing) {
+    applyGeometry();
     return;
   }
   m_frame = *frame;

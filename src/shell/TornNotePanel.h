@@ -88,6 +88,7 @@ class TornNotePanel final : public QWidget, public PinnedWindow {
  protected:
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
@@ -151,6 +152,7 @@ class TornNotePanel final : public QWidget, public PinnedWindow {
   Registration m_alphaFrames;
   Registration m_replace;
   Registration m_settling;
+  bool m_isPlaced = false;  // where it was wanted, once since it was shown
 };
 
 }  // namespace tarnwick

@@ -396,6 +396,17 @@ TEST_F(NoteDrag, believesTheWindowManagerAboutTheTruePlaceOnly) {
   EXPECT_EQ(note.home(), note.frame());
 }
 
+TEST_F(NoteDrag, insistsOnItsPlaceWhenTheWindowManagerFindsOneForANewWindow) {
+  const auto task = note();
+  auto& note = torn(task);
+  const auto wanted = note.frame();
+  windowServer.place(note.windowHandle(), {300, 310, 250, 230});
+  report(note, {300, 260});
+  pass(1s);
+  EXPECT_EQ(note.frame(), wanted);
+  EXPECT_EQ(note.pos(), QPoint(930, 50));
+}
+
 TEST_F(NoteDrag, aDockedTabThatTheWindowManagerMovesStaysThereToo) {
   const auto task = pinnedNote(kEditor);
   auto& note = docked(task);

@@ -108,7 +108,8 @@ void CrushPainter::paintLayer(QPainter& painter, const CrushLayer& layer, const 
   };
 
   painter.save();
-  if (layer.kind == CrushLayerKind::Ball) {
+  // Clipping to a path costs more than the ball itself: only while it is at the rim.
+  if (layer.kind == CrushLayerKind::Ball && toStagePixels(layer.boundsIn(state)).intersects(m_hidden)) {
     QPainterPath seen;
     seen.addRect(QRectF(0, 0, m_stage.width, m_stage.height));
     QPainterPath rim;

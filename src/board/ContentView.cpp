@@ -133,7 +133,9 @@ void ContentView::Content::crossFade(const std::function<void()>& change) {
     return;
   }
   cover->drop();
-  const QPixmap page = view.grab();
+  // Not grab(): that lays the window's colour under the round corners.
+  QPixmap page = clearPixmap(view.size(), view.devicePixelRatioF());
+  view.render(&page, {}, {}, QWidget::DrawChildren);
   change();
   cover->fade(page, services.workspace.isMotionReduced() ? 120ms : 220ms);
 }

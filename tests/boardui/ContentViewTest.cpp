@@ -71,6 +71,17 @@ TEST_F(Board, takesACrushedNoteOffTheWallThoughItCannotBeSaved) {
   EXPECT_EQ(shownTexts(), QStringList{u"note 0"_s});
 }
 
+TEST_F(Board, staysRoundWhileOnePageFadesIntoAnother) {
+  ContentView& board = open();
+  board.showAshes();
+  desk.time.advance(60ms);
+  QImage picture(host().size(), QImage::Format_ARGB32_Premultiplied);
+  picture.fill(Qt::transparent);
+  host().render(&picture, {}, {}, QWidget::DrawChildren);
+  EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
+  EXPECT_EQ(picture.pixelColor(ContentView::kSide - 1, 0).alpha(), 0);
+}
+
 TEST_F(Board, keepsItsToastsForTheirTime) {
   const auto notes = addNotes(1);
   open();

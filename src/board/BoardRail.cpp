@@ -3,6 +3,7 @@
 
 #include "board/BoardTabs.h"
 #include "effects/Controls.h"
+#include "effects/PixmapCache.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
 
@@ -41,9 +42,13 @@ QRectF DisplayModeSegment::itemRect(int index) const {
 }
 
 void DisplayModeSegment::paintGround(QPainter& painter) {
-  painter.setPen(QPen(tokens::white(0.07), 1));
-  painter.setBrush(tokens::black(0.30));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 7.5, 7.5);
+  static PixmapCache grounds(64);
+  const QString key = QStringLiteral("%1x%2").arg(width()).arg(height());
+  paintCached(painter, grounds, key, rect(), [this](QPainter& inside) {
+    inside.setPen(QPen(tokens::white(0.07), 1));
+    inside.setBrush(tokens::black(0.30));
+    inside.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 7.5, 7.5);
+  });
 }
 
 void DisplayModeSegment::paintItem(QPainter& painter, int index, const ItemState& state) {

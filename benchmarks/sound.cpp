@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // How late a sound starts after the call, beside the sound server's own floor: what the server says of an open stream.
 // One recording of the null sink tells how far apart a sound of that stream and one of ours are heard; how far apart they
-// were asked for is known. The difference is ours to answer for.
+// were asked for is known. The difference is ours to answer for. Void where the server owns to no delay at all, as it does
+// of a stream that has run empty, and where the floor's sound lies in the very block that was recorded at the call.
 #include "effects/SoundSynthesis.h"
 #include "linux/LinuxPorts.h"
 #include "platform/Audio.h"

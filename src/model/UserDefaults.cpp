@@ -12,6 +12,7 @@
 #include <QSaveFile>
 #include <QStringList>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace tarnwick {
@@ -55,7 +56,7 @@ void UserDefaults::read(const Clock& clock) {
     m_isReplaceable = false;
     return;
   }
-  const auto bytes = file.read(kLargestFile + 1);
+  const auto bytes = file.read(std::min(file.size(), kLargestFile) + 1);
   const auto hasReadError = file.error() != QFileDevice::NoError;
   file.close();
   if (hasReadError) {

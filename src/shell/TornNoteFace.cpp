@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "shell/TornNoteFace.h"
 
+#include "effects/PixmapCache.h"
 #include "effects/StampBadge.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
@@ -9,7 +10,6 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
-#include <QPixmapCache>
 
 #include <algorithm>
 #include <cmath>
@@ -33,8 +33,6 @@ constexpr double kStampAngle = -6;
 constexpr double kGrabOutside = 7;
 constexpr double kGrabInside = 4;
 constexpr double kGrabCorner = 14;
-
-double device(const QPainter& painter) { return painter.device()->devicePixelRatioF(); }
 
 }  // namespace
 
@@ -170,35 +168,30 @@ PaperSheet TornNoteFace::sheet(const QRectF& rect, PaperKind kind, double peel) 
   return paper;
 }
 
-void TornNoteFace::paintSheet(QPainter& painter, const PaperSheet& paper, const QSizeF& area) const {
-  const double scale = device(painter);
-  const QString key = QStringLiteral("torn/%1/%2/%3x%4/%5/%6/%7/%8/%9")
-                          .arg(colorHex, rawValue(theme))
-                          .arg(area.width())
-                          .arg(area.height())
-                          .arg(paper.peel)
-                          .arg(scale)
-                          .arg(seed)
-                          .arg(int(isComposited))
-                          .arg(int(direction) * 10 + int(paper.kind));
-  QPixmap picture;
-  if (!QPixmapCache::find(key, &picture)) {
-    picture = QPixmap((area * scale).toSize());
-    picture.setDevicePixelRatio(scale);
-    picture.fill(Qt::transparent);
-    QPainter onto(&picture);
+void TornNoteFace::paintSheet(QPainter& painter, const PaperSheet& paper, const QSizeF& area, PaintedSheet& last) const {
+  const double scale = deviceScale(painter);
+  const QString look = QStringLiteral("%1/%2/%3x%4/%5/%6/%7/%8/%9")
+                           .arg(colorHex, rawValue(theme))
+                           .arg(area.width())
+                           .arg(area.height())
+                           .arg(paper.peel)
+                           .arg(scale)
+                           .arg(seed)
+                           .arg(int(isComposited))
+                           .arg(int(direction) * 10 + int(paper.kind));
+  if (last.look != look) {
+    last = {look, clearPixmap(area, scale)};
+    QPainter onto(&last.picture);
     onto.setRenderHint(QPainter::Antialiasing);
     paper.paint(onto);
-    onto.end();
-    QPixmapCache::insert(key, picture);
   }
-  painter.drawPixmap(QPointF(0, 0), picture);
+  painter.drawPixmap(QPointF(0, 0), last.picture);
 }
 
-void TornNoteFace::paintPaper(QPainter& painter, double peel) const {
+void TornNoteFace::paintPaper(QPainter& painter, double peel, PaintedSheet& last) const {
   painter.save();
   painter.setRenderHint(QPainter::SmoothPixmapTransform, !qFuzzyIsNull(tilt));
-  paintSheet(painter, sheet(paperRect(), PaperKind::TornNote, peel), size);
+  paintSheet(painter, sheet(paperRect(), PaperKind::TornNote, peel), size, last);
   painter.restore();
 }
 
@@ -278,9 +271,9 @@ void TornNoteFace::paintTape(QPainter& painter) const {
   WashiTapeView::paint(painter, tapeRect(), colorHex, seed, isComposited ? -1.5 : 0);
 }
 
-void TornNoteFace::paintTab(QPainter& painter, const QIcon& appIcon) const {
+void TornNoteFace::paintTab(QPainter& painter, const QIcon& appIcon, PaintedSheet& last) const {
   const auto paper = tabPaperRect();
-  paintSheet(painter, sheet(paper, PaperKind::Tab, 0), {210, 46});
+  paintSheet(painter, sheet(paper, PaperKind::Tab, 0), {210, 46}, last);
   const bool isRightToLeft = direction == Qt::RightToLeft;
   const auto mirroredInTab = [&](const QRectF& rect) {
     return isRightToLeft ? QRectF(paper.left() + paper.right() - rect.right(), rect.y(), rect.width(), rect.height()) : rect;

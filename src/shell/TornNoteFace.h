@@ -8,6 +8,7 @@
 #include "effects/PaperSheet.h"
 
 #include <QIcon>
+#include <QPixmap>
 #include <QRegion>
 #include <QSizeF>
 #include <QTransform>
@@ -17,6 +18,12 @@
 namespace tarnwick {
 
 class Task;
+
+/// Paper and shadow as they were painted last, and of which look.
+struct PaintedSheet {
+  QString look;
+  QPixmap picture;
+};
 
 struct TornNoteFace {
   static constexpr double kCircleDiameter = 20;
@@ -59,8 +66,8 @@ struct TornNoteFace {
   /// What is seen of the window where there is no transparency.
   [[nodiscard]] QRegion mask() const;
 
-  /// Paper and shadow, kept per look. In turned coordinates.
-  void paintPaper(QPainter& painter, double peel) const;
+  /// Paper and shadow: those painted last where they look the same. In turned coordinates.
+  void paintPaper(QPainter& painter, double peel, PaintedSheet& last) const;
   /// The same paper over all of the size, without corner and shadow: as it lies on the sheet that is crushed.
   void paintFlatPaper(QPainter& painter) const;
   void paintText(QPainter& painter, const StickyChecklistBody& body, double scroll) const;
@@ -69,12 +76,12 @@ struct TornNoteFace {
 
   // The folded tab: its own size, never tilted.
   [[nodiscard]] static QRectF tabPaperRect() { return {4, 4, 202, 38}; }
-  void paintTab(QPainter& painter, const QIcon& appIcon) const;
+  void paintTab(QPainter& painter, const QIcon& appIcon, PaintedSheet& last) const;
 
  private:
   [[nodiscard]] QRectF mirrored(const QRectF& rect) const;
   [[nodiscard]] PaperSheet sheet(const QRectF& rect, PaperKind kind, double peel) const;
-  void paintSheet(QPainter& painter, const PaperSheet& sheet, const QSizeF& area) const;
+  void paintSheet(QPainter& painter, const PaperSheet& sheet, const QSizeF& area, PaintedSheet& last) const;
 };
 
 }  // namespace tarnwick

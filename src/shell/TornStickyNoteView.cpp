@@ -30,6 +30,7 @@ namespace {
 constexpr auto kPeelTime = 160ms;
 constexpr auto kBarFade = 120ms;
 constexpr auto kBarDelay = 250ms;
+constexpr auto kRest = 1s;
 constexpr double kPeelStep = (TornNoteFace::kLiftedPeel - TornNoteFace::kRestingPeel) / 8;
 
 }  // namespace
@@ -40,12 +41,8 @@ TornStickyNoteView::TornStickyNoteView(TaskPtr task, const BoardServices& servic
       m_task(std::move(task)),
       m_hover(hover),
       m_window(std::move(window)),
-      m_crush(services, m_task, crushView()),
-      m_editPlate(new NoteEditPlate(services.scheduler, this)) {
-  m_editPlate->hide();
+      m_crush(services, m_task, crushView()) {
   buildSpots();
-  connect(m_editPlate, &NoteEditPlate::saveRequested, this, &TornStickyNoteView::saveEdit);
-  connect(m_editPlate, &NoteEditPlate::cancelRequested, this, &TornStickyNoteView::cancelEdit);
   connect(&m_hover, &HoverBridge::changed, this, &TornStickyNoteView::hoverChanged);
   connect(&m_crush, &NoteCrush::isCrushingChanged, this, &TornStickyNoteView::crushingChanged);
   connect(&m_crush, &NoteCrush::aborted, this, [this] { m_window.fadeIn(); });
@@ -68,6 +65,16 @@ NoteCrush::TornNote TornStickyNoteView::crushView() {
   view.picture = [this] { return picture([this](QPainter& painter) { paintFlat(painter); }).toImage(); };
   view.onRedock = [this] { m_window.redock(); };
   return view;
+}
+
+NoteEditPlate& TornStickyNoteView::editPlate() {
+  if (!m_editPlate) {
+    m_editPlate = new NoteEditPlate(m_services.scheduler, this);
+    m_editPlate->hide();
+    connect(m_editPlate, &NoteEditPlate::saveRequested, this, &TornStickyNoteView::saveEdit);
+    connect(m_editPlate, &NoteEditPlate::cancelRequested, this, &TornStickyNoteView::cancelEdit);
+  }
+  return *m_editPlate;
 }
 
 std::chrono::nanoseconds TornStickyNoteView::mediaTime() const { return m_services.clock.mediaTime(); }
@@ -153,7 +160,7 @@ void TornStickyNoteView::planLabelRefresh() {
 void TornStickyNoteView::layOut() {
   const bool isTab = m_hover.isTucked();
   const bool showsNote = !isTab && !m_isEditing;
-  m_editPlate->setVisible(!isTab && m_isEditing);
+  if (m_editPlate || m_isEditing) editPlate().setVisible(!isTab && m_isEditing);
   m_textSpot->setVisible(showsNote);
   m_circle->setVisible(showsNote);
   for (auto* tool : m_tools) tool->setVisible(showsNote);
@@ -161,7 +168,7 @@ void TornStickyNoteView::layOut() {
   m_textSpot->setInk(m_face.ink());
   m_circle->setInk(m_face.ink());
   for (auto* tool : m_tools) tool->setInk(Qt::white);  // the bar is ink itself
-  m_editPlate->setGeometry(m_face.paperRect().toAlignedRect());
+  if (m_editPlate) m_editPlate->setGeometry(m_face.paperRect().toAlignedRect());
   m_textSpot->setGeometry(m_face.textRect().adjusted(-6, -6, 6, 6).toAlignedRect());
   m_circle->setGeometry(m_face.circleHitRect().toAlignedRect());
   m_circle->raise();
@@ -207,7 +214,7 @@ void TornStickyNoteView::beginEditing() {
   m_isEditing = true;
   m_face = currentFace();
   layOut();
-  m_editPlate->begin(m_task->text(), m_face.ink());
+  editPlate().begin(m_task->text(), m_face.ink());
   m_editPlate->setGeometry(m_face.paperRect().toAlignedRect());
   update();
 }
@@ -319,7 +326,8 @@ void TornStickyNoteView::hoverChanged() {
     m_barDelay.cancel();
     m_isBarDue = false;
   }
-  if (m_face.size != QSizeF(size()) || m_editPlate->isVisible() == m_hover.isTucked()) m_face = currentFace();
+  const bool showsPlate = m_editPlate && m_editPlate->isVisible();
+  if (m_face.size != QSizeF(size()) || showsPlate == m_hover.isTucked()) m_face = currentFace();
   layOut();
   lookChanged();
 }
@@ -387,12 +395,14 @@ void TornStickyNoteView::paintEvent(QPaintEvent*) {
     return;
   }
   paintNote(painter);
+  // The window keeps what it shows: a picture of the paper beside it would double what a note takes.
+  m_rest = m_services.scheduler.after(kRest, [this] { m_sheet = {}; });
 }
 
 void TornStickyNoteView::paintNote(QPainter& painter) {
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
   if (m_hover.isTucked()) {
-    m_face.paintTab(painter, m_appIcon);
+    m_face.paintTab(painter, m_appIcon, m_sheet);
     return;
   }
   const auto now = mediaTime();
@@ -400,7 +410,7 @@ void TornStickyNoteView::paintNote(QPainter& painter) {
   const double bar = m_bar.value(now);
   painter.save();
   painter.setTransform(m_face.turn(), true);
-  m_face.paintPaper(painter, peel);
+  m_face.paintPaper(painter, peel, m_sheet);
   if (!m_isEditing) {
     paintWriting(painter, bar);
     if (bar > 0) paintBar(painter, bar);

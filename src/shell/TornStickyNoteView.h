@@ -47,7 +47,8 @@ class TornStickyNoteView final : public QWidget {
   void cancelEdit();
   [[nodiscard]] bool isEditing() const { return m_isEditing; }
   [[nodiscard]] bool hasSaveError() const;
-  [[nodiscard]] NoteEditPlate& editPlate() const { return *m_editPlate; }
+  /// Built when it is first asked for: most notes are never edited where they hang.
+  [[nodiscard]] NoteEditPlate& editPlate();
   void crush() { m_crush.crush(); }
   [[nodiscard]] bool isCrushing() const { return m_crush.isCrushing(); }
 
@@ -104,7 +105,7 @@ class TornStickyNoteView final : public QWidget {
   TornNoteFace m_face;
   StickyChecklistBody m_body;
   QIcon m_appIcon;
-  NoteEditPlate* m_editPlate;
+  NoteEditPlate* m_editPlate = nullptr;
   NoteTextSpot* m_textSpot = nullptr;
   NoteSpot* m_circle = nullptr;
   std::array<NoteSpot*, ToolCount> m_tools{};
@@ -115,11 +116,13 @@ class TornStickyNoteView final : public QWidget {
   int m_currentRow = -1;  // walked to by the keyboard: a line of the text
   Tween m_peel{TornNoteFace::kRestingPeel};
   Tween m_bar{0};
+  PaintedSheet m_sheet;  // for as long as it is painted again and again
   QPixmap m_shredPicture;
   std::chrono::nanoseconds m_shredStart{0};
   Registration m_barDelay;
   Registration m_frames;
   Registration m_labelRefresh;
+  Registration m_rest;
 };
 
 }  // namespace tarnwick

@@ -34,6 +34,7 @@ class Walk : public ShellWorld {
     for (int i = 0; i < kNotes; ++i) {
       tasks.push_back(note([i](TaskRecord& record) {
         record.id = QUuid::createUuidV5(QUuid(), QString::number(i));
+        record.isDaily3 = i < 3;
         record.recurrenceRaw = i == 1 ? QStringLiteral("daily") : QStringLiteral("none");
         if (i >= kNotes - 2) record.pinnedBundleID = kEditor.bundleID;
       }));
@@ -44,7 +45,7 @@ class Walk : public ShellWorld {
   void step() {
     const auto& task = tasks[next(kNotes)];
     auto* window = open(task);
-    m_last = int(next(24));
+    m_last = int(next(26));
     switch (m_last) {
       case 0: case 1: tear(task, std::nullopt); break;
       case 2: tear(task, DesktopRect{double(next(2300)), double(next(700)), 175, 112}); break;
@@ -66,6 +67,8 @@ class Walk : public ShellWorld {
       case 20: if (window) window->noteView().togglePrivate(); break;
       case 21: pointer(); break;
       case 22: restartSometimes(); break;
+      case 23: deepWork(); break;
+      case 24: Q_EMIT center.workspaceModeChanged(QStringLiteral("normal")); break;
       default: pass(std::chrono::milliseconds(next(1500)));
     }
     time.settle();
@@ -103,6 +106,23 @@ class Walk : public ShellWorld {
         return seen.width >= placement::kReach && seen.height >= needed;
       })) << "out of reach after a change of monitors";
     }
+  }
+  /// Begins, and may end at once.
+  void deepWork() {
+    const auto orderedIn = [this](bool isDeep) {
+      std::set<QUuid> ids;
+      for (const auto& task : tasks) {
+        if (const auto* window = open(task); window && window->isOrderedIn() && (!isDeep || task->isDaily3())) ids.insert(task->id());
+      }
+      return ids;
+    };
+    const auto before = orderedIn(false);
+    const auto daily = orderedIn(true);
+    Q_EMIT center.workspaceModeChanged(QStringLiteral("deepWork"));
+    ASSERT_EQ(orderedIn(false), daily);
+    if (coin()) return;
+    Q_EMIT center.workspaceModeChanged(QStringLiteral("normal"));
+    ASSERT_EQ(orderedIn(false), before);
   }
   void restartSometimes() {
     if (next(8) != 0) return;

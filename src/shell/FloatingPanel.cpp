@@ -22,11 +22,8 @@
 
 namespace tarnwick {
 
-using namespace std::chrono_literals;
-
 namespace {
 
-constexpr auto kReplaceDelay = 100ms;
 constexpr QRgb kOpaqueGround = 0xFF1E2229;
 constexpr double kShadowOffset = 8;
 constexpr double kShadowSigma = 14;
@@ -45,6 +42,7 @@ FloatingPanel::FloatingPanel(const BoardServices& services, const ShellPorts& po
       m_services(services),
       m_ports(ports),
       m_content(content.release()),
+      m_settled(services.clock, services.scheduler, settledWindow()),
       m_screens(services.screens.all()),
       m_space(services.screens.space()),
       m_ghost(ports.otherWindows, services.scheduler, services.center),
@@ -110,7 +108,7 @@ void FloatingPanel::orderOut() {
   hide();
   m_isDismissing = false;
   m_dragOffset.reset();
-  m_replace.cancel();
+  m_settled.stop();
   setAlpha(1);
 }
 
@@ -120,12 +118,12 @@ void FloatingPanel::showInFront() {
     auto& window = *windowHandle();
     m_ports.windowServer.applyLevel(window, WindowLevel::Floating);
     m_ports.windowServer.setOpacity(window, m_alpha);
+    m_settled.willShow(window);
     applyGeometry();
     show();
     m_ports.windowServer.applyLevel(window, WindowLevel::Floating);
     m_ports.windowServer.setSharing(window, m_sharing);
     applyCompositing();
-    m_replace = m_services.scheduler.after(kReplaceDelay, [this] { applyGeometry(); });
   }
   m_ports.windowServer.activate(*windowHandle());
 }
@@ -228,11 +226,31 @@ void FloatingPanel::setFrame(const DesktopRect& frame) {
 }
 
 void FloatingPanel::applyGeometry() {
+  m_settled.didAsk();
   const auto place = m_services.screens.space().toQt(m_frame);
   const QSize size(kSide + 2 * rim(), kSide + 2 * rim());
   // Between whole scales Qt lets windows grow by two pixels only, counted from here.
   if (auto* window = windowHandle()) window->setBaseSize(size);
   setGeometry(QRect(QPoint(qRound(place.x()) - rim(), qRound(place.y()) - rim()), size));
+}
+
+SettledFrame::Window FloatingPanel::settledWindow() {
+  return {[this] { return m_frame; },
+          [this] {
+            const auto seen = m_ports.windowServer.frameOf(*windowHandle());
+            return seen ? std::optional(boardInside(*seen)) : std::nullopt;
+          },
+          [this] { return !isVisible() || m_dragOffset; }, [this] { applyGeometry(); },
+          [this](const DesktopRect& frame) { m_frame = frame; }};
+}
+
+DesktopRect FloatingPanel::boardInside(const DesktopRect& window) const {
+  return {window.midX() - kSide / 2.0, window.midY() - kSide / 2.0, kSide, kSide};
+}
+
+void FloatingPanel::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  if (event->spontaneous()) m_settled.reported(boardInside(m_services.screens.space().fromQt(QRectF(geometry()))));
 }
 
 void FloatingPanel::applyCompositing() {

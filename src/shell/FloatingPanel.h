@@ -10,6 +10,7 @@
 #include "platform/WindowServer.h"
 #include "shell/BoardMotion.h"
 #include "shell/GhostController.h"
+#include "shell/SettledFrame.h"
 #include "shell/ShellPorts.h"
 
 #include <QPixmap>
@@ -75,6 +76,8 @@ class FloatingPanel final : public QWidget, public TornNotes {
   /// Null when the note has no window.
   [[nodiscard]] TornNotePanel* tornPanel(const QUuid& id) const;
   [[nodiscard]] QWidget* content() const { return m_content; }
+  /// Width of the window's rim around the board: room for the shadow, or the black edge.
+  [[nodiscard]] int rim() const;
 
   /// A note whose window was open when the program ended last opens where it was.
   void tearOffTask(const TaskPtr& task, const std::optional<DesktopRect>& near) override;
@@ -93,6 +96,7 @@ class FloatingPanel final : public QWidget, public TornNotes {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
@@ -104,6 +108,9 @@ class FloatingPanel final : public QWidget, public TornNotes {
   [[nodiscard]] QPointF pivotFor(const DesktopRect& anchor) const;
   void setFrame(const DesktopRect& frame);
   void applyGeometry();
+  [[nodiscard]] SettledFrame::Window settledWindow();
+  /// Around the same middle as the window, whatever rim that has now.
+  [[nodiscard]] DesktopRect boardInside(const DesktopRect& window) const;
   /// Margins, mask and input shape for a desktop with or without a compositor.
   void applyCompositing();
   void applySharing();
@@ -117,8 +124,6 @@ class FloatingPanel final : public QWidget, public TornNotes {
   void screensChanged();
   void compositingChanged();
   [[nodiscard]] bool isVeiled() const;
-  /// Width of the window's rim around the board: room for the shadow, or the black edge.
-  [[nodiscard]] int rim() const;
   void forwardMouse(QMouseEvent* event);
 
   [[nodiscard]] DesktopRect visibleFrameAtPointer() const;
@@ -135,6 +140,7 @@ class FloatingPanel final : public QWidget, public TornNotes {
   QWidget* m_content;
   AnchorSource m_anchorSource;
   DesktopRect m_frame{0, 0, kSide, kSide};  // inner panel, as wanted; the window system may lag behind
+  SettledFrame m_settled;
   bool m_isPlaced = false;                  // it was presented once
   std::vector<ScreenFacts> m_screens;  // as last seen
   DesktopSpace m_space;
@@ -153,7 +159,6 @@ class FloatingPanel final : public QWidget, public TornNotes {
   std::optional<QPointF> m_dragOffset;  // from the frame's top-left corner to the pointer, Qt's coordinates
   QPointer<QWidget> m_pressed;          // the part of the content that a press during the drop was meant for
   Registration m_frames;
-  Registration m_replace;
   Registration m_release;
   Registration m_rememberWork;
   Registration m_screensObserver;

@@ -37,17 +37,6 @@ constexpr auto kGhostFade = 160ms;
 constexpr auto kAbortFade = 200ms;
 constexpr auto kTuckDelay = 800ms;
 constexpr auto kTuckTime = 200ms;
-// Some window managers report a wrong place right after the first show; asking again sets that right.
-constexpr auto kReplaceDelay = 100ms;
-// Reports of our own moves arrive late, and while a window is being framed they name places where it never stays: what
-// the window manager really did is asked when this long nothing has moved.
-constexpr auto kSettled = 400ms;
-
-bool isNearly(const DesktopRect& one, const DesktopRect& other) {
-  constexpr double kRounding = 1.5;  // between scales
-  return std::abs(one.x - other.x) < kRounding && std::abs(one.y - other.y) < kRounding &&
-         std::abs(one.width - other.width) < kRounding && std::abs(one.height - other.height) < kRounding;
-}
 
 }  // namespace
 
@@ -66,7 +55,8 @@ TornNotePanel::TornNotePanel(TaskPtr task, const Surroundings& surroundings, Cal
       m_frame{0, 0, placement::kNoteSize.width, placement::kNoteSize.height},
       m_home(m_frame),
       m_expandedSize(placement::kNoteSize),
-      m_minimumSize(placement::kMinimumNoteSize) {
+      m_minimumSize(placement::kMinimumNoteSize),
+      m_settled(m_services.clock, m_services.scheduler, settledWindow()) {
   setAttribute(Qt::WA_TranslucentBackground);
   setAttribute(Qt::WA_ShowWithoutActivating);
   setAttribute(Qt::WA_QuitOnClose, false);
@@ -279,13 +269,11 @@ void TornNotePanel::refreshVisibility() {
     return;
   }
   winId();
-  windowHandle()->installEventFilter(this);
-  m_isPlaced = false;
+  m_settled.willShow(*windowHandle());
   applyToWindow();
   applyGeometry();
   show();
   applyToWindow();
-  m_replace = m_services.scheduler.after(kReplaceDelay, [this] { applyGeometry(); });
 }
 
 void TornNotePanel::dockIfWanted() { m_appPinning->dockIfInFront(); }
@@ -310,7 +298,7 @@ void TornNotePanel::moveTo(DesktopPoint origin) {
 }
 
 void TornNotePanel::applyGeometry() {
-  m_lastOwnMove = m_services.clock.mediaTime();
+  m_settled.didAsk();
   const auto place = m_services.screens.space().toQt(m_frame);
   const QSize size(qRound(place.width()), qRound(place.height()));
   // Between whole scales Qt lets windows grow by two pixels only, counted from here.
@@ -329,36 +317,16 @@ void TornNotePanel::resizeEvent(QResizeEvent* event) {
   if (event->spontaneous()) geometryReported();
 }
 
-bool TornNotePanel::eventFilter(QObject* watched, QEvent* event) {
-  // By its first exposure the window manager has framed it.
-  if (event->type() == QEvent::Expose && watched == windowHandle() && !m_isPlaced) {
-    m_settling = m_services.scheduler.after(kSettled, [this] { adoptTrueFrame(); });
-  }
-  return QWidget::eventFilter(watched, event);
-}
+void TornNotePanel::geometryReported() { m_settled.reported(m_services.screens.space().fromQt(QRectF(geometry()))); }
 
-void TornNotePanel::geometryReported() {
-  const auto reported = m_services.screens.space().fromQt(QRectF(geometry()));
-  if (!isNearly(reported, m_frame)) m_settling = m_services.scheduler.after(kSettled, [this] { adoptTrueFrame(); });
-}
-
-void TornNotePanel::adoptTrueFrame() {
-  if (!isVisible() || m_hosting->isDraggingWindow() || m_sizeFrames.isHeld()) return;
-  if (const auto rest = kSettled - (m_services.clock.mediaTime() - m_lastOwnMove); rest > 0ns) {
-    m_settling = m_services.scheduler.after(std::chrono::ceil<std::chrono::milliseconds>(rest), [this] { adoptTrueFrame(); });
-    return;
-  }
-  if (!m_isPlaced && !windowHandle()->isExposed()) return;
-  const bool isPlacing = !std::exchange(m_isPlaced, true);
-  const auto frame = m_ports.windowServer.frameOf(*windowHandle());
-  if (!frame) return;
-  // The report was wrong, and Qt believes it; or a busy window manager found a place of its own for a new window.
-  if (isNearly(*frame, m_frame) || isPlacing) {
-    applyGeometry();
-    return;
-  }
-  m_frame = *frame;
-  userMovedWindow();
+SettledFrame::Window TornNotePanel::settledWindow() {
+  return {[this] { return m_frame; }, [this] { return m_ports.windowServer.frameOf(*windowHandle()); },
+          [this] { return !isVisible() || m_hosting->isDraggingWindow() || m_sizeFrames.isHeld(); },
+          [this] { applyGeometry(); },
+          [this](const DesktopRect& frame) {
+            m_frame = frame;
+            userMovedWindow();
+          }};
 }
 
 void TornNotePanel::userMovedWindow() {

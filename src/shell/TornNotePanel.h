@@ -10,6 +10,7 @@
 #include "shell/FloatingPanel.h"
 #include "shell/HoverBridge.h"
 #include "shell/PinnedWindow.h"
+#include "shell/SettledFrame.h"
 #include "shell/ShellPorts.h"
 #include "shell/Tween.h"
 
@@ -88,7 +89,6 @@ class TornNotePanel final : public QWidget, public PinnedWindow {
  protected:
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void moveEvent(QMoveEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
@@ -105,10 +105,9 @@ class TornNotePanel final : public QWidget, public PinnedWindow {
   void hoverChanged(bool isInside);
   void resignKey();
   void userMovedWindow();
+  [[nodiscard]] SettledFrame::Window settledWindow();
   /// The window manager says that it moved or resized the window.
   void geometryReported();
-  /// Our model follows what the window manager did, once both have come to rest.
-  void adoptTrueFrame();
   [[nodiscard]] double restingAlpha() const;
   void fadeTo(double alpha, std::chrono::milliseconds duration);
   void workspaceModeChanged(const QString& mode);
@@ -145,14 +144,11 @@ class TornNotePanel final : public QWidget, public PinnedWindow {
   SharingType m_sharing = SharingType::ReadOnly;
   double m_alpha = 1;
   Tween m_fade{1};
-  std::chrono::nanoseconds m_lastOwnMove{0};
   Registration m_collapseWork;
   Registration m_hoverWork;
   Registration m_sizeFrames;
   Registration m_alphaFrames;
-  Registration m_replace;
-  Registration m_settling;
-  bool m_isPlaced = false;  // where it was wanted, once since it was shown
+  SettledFrame m_settled;
 };
 
 }  // namespace tarnwick

@@ -140,6 +140,15 @@ class XServer:
         left, right, top, bottom = extents
         return [frame[0] - left, frame[1] - top, frame[2] + left + right, frame[3] + top + bottom]
 
+    def inner_board(self):
+        """The board's rectangle without the margin for its shadow."""
+        window = self.titled("Tarnwick")
+        frame, margins = window and self.inner(window), window and self.property(window, "_GTK_FRAME_EXTENTS")
+        if frame is None:
+            return None
+        left, right, top, bottom = margins if margins is not None else (0, 0, 0, 0)
+        return [frame[0] + left, frame[1] + top, frame[2] - left - right, frame[3] - top - bottom]
+
     def input_rectangles(self, window):
         return self._quietly(lambda: [[r.x, r.y, r.width, r.height]
                                       for r in window.shape_get_rectangles(shape.SK.Input).rectangles])

@@ -216,6 +216,32 @@ TEST_F(BoardPanel, isDraggedByItsGround) {
   EXPECT_GE(window(board()).activations, 2);
 }
 
+TEST_F(BoardPanel, isWhereTheWindowManagerMovedIt) {
+  const auto moveTo = [this](DesktopPoint corner) {
+    const double rim = screens.hasCompositor ? 0 : 1;
+    windowServer.place(board().windowHandle(), {corner.x - rim, corner.y - rim, 390 + 2 * rim, 390 + 2 * rim});
+    const auto place = screens.space().toQt(DesktopRect{corner.x, corner.y, 390, 390}).topLeft().toPoint();
+    board().windowHandle()->setPosition(place - contentWidget->pos());
+    QCoreApplication::processEvents();
+    pass(1s);
+  };
+  for (const bool isComposited : {true, false}) {
+    screens.hasCompositor = isComposited;
+    screens.changed.notify();
+    board().present();
+    pass(1ms);  // it is exposed
+    pass(1s);
+    moveTo({300, 200});
+    EXPECT_EQ(board().boardFrame(), (DesktopRect{300, 200, 390, 390})) << isComposited;
+    EXPECT_EQ(time.pendingCount(), 0);
+    board().orderOut();
+    board().present();
+    moveTo({100, 100});  // where a busy window manager puts what is new
+    EXPECT_EQ(board().boardFrame(), (DesktopRect{456, 374, 390, 390})) << isComposited;
+    board().orderOut();
+  }
+}
+
 TEST_F(BoardPanel, keepsOutOfCapturesWhenItIsToldTo) {
   ASSERT_TRUE(defaults.setBoolean(keys::kHideFromScreenShare, true));
   EXPECT_EQ(board().sharing(), SharingType::None);

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "shell/SettledFrame.h"
+
+#include "platform/Clock.h"
+#include "platform/Scheduler.h"
+
+#include <QEvent>
+#include <QWindow>
+
+#include <cmath>
+
+namespace tarnwick {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+// Some window managers report a wrong place right after the first show; asking again sets that right.
+constexpr auto kAskAgain = 100ms;
+// Reports of our own moves arrive late, and while a window is being framed they name places where it never stays: what
+// the window manager really did is asked when this long nothing has moved.
+constexpr auto kSettled = 400ms;
+
+bool isNearly(const DesktopRect& one, const DesktopRect& other) {
+  constexpr double kRounding = 1.5;  // between scales
+  return std::abs(one.x - other.x) < kRounding && std::abs(one.y - other.y) < kRounding &&
+         std::abs(one.width - other.width) < kRounding && std::abs(one.height - other.height) < kRounding;
+}
+
+}  // namespace
+
+SettledFrame::SettledFrame(const Clock& clock, Scheduler& scheduler, Window window)
+    : m_clock(clock), m_scheduler(scheduler), m_window(std::move(window)) {}
+
+void SettledFrame::willShow(QWindow& window) {
+  window.installEventFilter(this);
+  m_shown = &window;
+  m_isPlaced = false;
+  m_again = m_scheduler.after(kAskAgain, [this] { m_window.insist(); });
+}
+
+void SettledFrame::didAsk() { m_lastAsked = m_clock.mediaTime(); }
+
+void SettledFrame::reported(const DesktopRect& frame) {
+  if (!isNearly(frame, m_window.wanted())) settleAfter(kSettled);
+}
+
+void SettledFrame::stop() {
+  m_again.cancel();
+  m_settling.cancel();
+}
+
+bool SettledFrame::eventFilter(QObject* watched, QEvent* event) {
+  // By its first exposure the window manager has framed it.
+  if (event->type() == QEvent::Expose && watched == m_shown && !m_isPlaced) settleAfter(kSettled);
+  return QObject::eventFilter(watched, event);
+}
+
+void SettledFrame::settleAfter(std::chrono::milliseconds delay) {
+  m_settling = m_scheduler.after(delay, [this] { settle(); });
+}
+
+void SettledFrame::settle() {
+  if (m_window.isBusy()) return;
+  if (const auto rest = kSettled - (m_clock.mediaTime() - m_lastAsked); rest > 0ns) {
+    settleAfter(std::chrono::ceil<std::chrono::milliseconds>(rest));
+    return;
+  }
+  if (!m_isPlaced && !(m_shown && m_shown->isExposed())) return;
+  const bool isPlacing = !std::exchange(m_isPlaced, true);
+  const auto frame = m_window.real();
+  if (!frame) return;
+  // A busy window manager finds a place of its own for a new window.
+  if (!isPlacing && !isNearly(*frame, m_window.wanted())) m_window.adopt(*frame);
+  // Qt may believe a report that was wrong; and between scales a window lies on whole points.
+  m_window.insist();
+}
+
+}  // namespace tarnwick

@@ -52,16 +52,19 @@ constexpr auto kSoundsAfterLaunch = 300ms;
 AppDelegate* g_shared = nullptr;
 
 // As Qt does it: windows lie on whole points; the origin of each screen is kept in device pixels, and place and size of
-// what lies on it are scaled one by one.
-QRect devicePixels(const DesktopRect& rect, const DesktopSpace& space) {
+// what lies on it are scaled one by one; so is the rim that a window has around its frame.
+QRect devicePixels(const DesktopRect& rect, const DesktopSpace& space, int rim = 0) {
   const QRectF frame = space.toQt(rect);
   const QScreen* screen = QGuiApplication::screenAt(frame.center().toPoint());
   if (!screen) screen = QGuiApplication::primaryScreen();
   if (!screen) return frame.toRect();
   const QPointF origin = screen->geometry().topLeft();
   const double scale = screen->devicePixelRatio();
-  const QPointF corner = QPointF(frame.topLeft().toPoint()) - origin;
-  return {(origin + corner * scale).toPoint(), (QSizeF(frame.size().toSize()) * scale).toSize()};
+  const QMargins margins(rim, rim, rim, rim);
+  const QRect window = QRect(frame.topLeft().toPoint(), frame.size().toSize()).marginsAdded(margins);
+  const QPointF corner = QPointF(window.topLeft()) - origin;
+  const QRect pixels((origin + corner * scale).toPoint(), (QSizeF(window.size()) * scale).toSize());
+  return pixels.marginsRemoved(margins * scale);
 }
 
 }  // namespace
@@ -187,7 +190,7 @@ StatusReport AppDelegate::status() const {
   const auto space = m_ports.screens.space();
   if (parts.panel) {
     report.board = {parts.panel->isPresented(), parts.panel->isDismissing(), std::nullopt};
-    if (parts.panel->isPresented()) report.board.frame = devicePixels(parts.panel->boardFrame(), space);
+    if (parts.panel->isPresented()) report.board.frame = devicePixels(parts.panel->boardFrame(), space, parts.panel->rim());
     for (const auto& torn : parts.panel->tornWindows()) {
       report.windows.push_back({torn.id, devicePixels(torn.frame, space), torn.isVisible, torn.level, torn.isGhost,
                                 torn.isTucked, torn.isDocked, torn.sharing, torn.opacity});

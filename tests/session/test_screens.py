@@ -38,20 +38,11 @@ class SidePanel:
         self.x.close()
 
 
-def inner_board(server):
-    """The board's rectangle without the margin for its shadow, in the server's own pixels."""
-    window = server.titled("Tarnwick")
-    frame, margins = server.inner(window), server.property(window, "_GTK_FRAME_EXTENTS")
-    left, right, top, bottom = margins if margins is not None else (0, 0, 0, 0)
-    return [frame[0] + left, frame[1] + top, frame[2] - left - right, frame[3] - top - bottom]
-
-
 def board_frame(tarnwick, server):
     """Drops the board; gives back where status and server agree that it is, and hides it again."""
     def agree():
         seen = tarnwick.status()["board"]
-        return seen["frame"] if seen["visible"] and server.titled("Tarnwick") and \
-            inner_board(server) == seen["frame"] else None
+        return seen["frame"] if seen["visible"] and server.inner_board() == seen["frame"] else None
     tarnwick.run("toggle", check=True)
     frame = settled(agree, "status and X server agree on the board's place")
     tarnwick.run("toggle", check=True)
@@ -143,7 +134,7 @@ def scene(tarnwick, server, say):
     park()
     strut(tarnwick, server, say)
     larger_letters(tarnwick, server, say)
-    for scale in (2, 1.5, 1.25):
+    for scale in (2, 1.8, 1.625, 1.5, 1.25):
         scaled(tarnwick, server, say, scale)
 
 

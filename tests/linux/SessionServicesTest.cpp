@@ -23,6 +23,7 @@
 #include <algorithm>
 #include <cmath>
 #include <csignal>
+#include <functional>
 
 namespace tarnwick {
 namespace {
@@ -244,7 +245,10 @@ class Sound : public testing::Test {
     holdsSoon([&] { return recorded() > from + 4410; });
     return peak(from, recorded()) > 0;
   }
-  /// Part of the image as heard from a place of the recording on: how much alike (1: in all but loudness), and how loud.
+  /// What the server rendered ahead for the recorder it does not render again: a sound may lack its first milliseconds.
+  static constexpr std::size_t kUnsure = 1000;
+  /// The image up to `count`, as heard where it begins at a place of the recording: how much alike (1: in all but
+  /// loudness), and how loud.
   struct Likeness {
     double shape = 0;
     double volume = 0;
@@ -253,19 +257,19 @@ class Sound : public testing::Test {
     double both = 0;
     double meant = 0;
     double heard = 0;
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = kUnsure; i < count; ++i) {
       both += static_cast<double>(image[i]) * at(from + i);
       meant += static_cast<double>(image[i]) * image[i];
       heard += static_cast<double>(at(from + i)) * at(from + i);
     }
     return heard > 0 ? Likeness{both / std::sqrt(meant * heard), both / meant} : Likeness{};
   }
-  /// Where in this stretch of the recording the image begins.
+  /// Where in this stretch of the recording, or shortly before it, the image begins.
   [[nodiscard]] std::size_t beginOf(const synthesis::Samples& image, std::size_t from, std::size_t to) const {
-    constexpr std::size_t kEnough = 500;
+    constexpr std::size_t kEnough = kUnsure + 500;
     std::size_t best = from;
     double most = -1;
-    for (auto place = from; place + kEnough < to; ++place) {
+    for (auto place = from - std::min(from, kUnsure); place + kEnough < to; ++place) {
       if (const double shape = compare(image, kEnough, place).shape; shape > most) {
         most = shape;
         best = place;
@@ -313,12 +317,20 @@ TEST_F(Sound, IsHeardAsItsImageIsAndASecondRequestRestartsIt) {
   EXPECT_EQ(peak(second + image.size(), second + 2 * image.size()), 0);
 }
 
-TEST_F(Sound, HasStockSounds) {
-  EXPECT_TRUE(holdsSoon([&] {
-    ports.audio().playStock(QStringLiteral("Pop"));
+TEST_F(Sound, IsHeardTheFirstTimeTooWhileItsStreamOpens) {
+  const auto isLoudAfter = [&](const std::function<void()>& play) {
     const auto from = recorded();
-    return isHeard() && peak(from, recorded()) > 3000;
-  }));
+    play();
+    return holdsSoon([&] {
+      const auto now = recorded();
+      return peak(from, now) > 3000;
+    });
+  };
+  EXPECT_TRUE(isLoudAfter([&] { ports.audio().playStock(QStringLiteral("Pop")); }));
+  ASSERT_TRUE(holdsSoon([&] { return !isHeard(); }));
+  synthesis::UniformSource random;
+  const auto player = ports.audio().prepare(synthesis::createWav(synthesis::kSampleRate, synthesis::tear(random)));
+  EXPECT_TRUE(isLoudAfter([&] { player->play(); }));
 }
 
 TEST_F(Sound, OfNoWavImageCannotBePrepared) { EXPECT_FALSE(ports.audio().prepare("no sound")); }

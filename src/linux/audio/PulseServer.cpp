@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tarnwick {
 
@@ -10,6 +11,7 @@ namespace {
 
 constexpr int kLongestRetry = 300;        // s
 constexpr pa_usec_t kAfterSound = 400000;  // us between the end of a sound and the rest of its stream
+constexpr pa_usec_t kLatestStart = 200000;  // us; a sound that would come later than this does not come
 constexpr uint32_t kServerDefault = static_cast<uint32_t>(-1);
 
 void drop(pa_operation* operation) {
@@ -123,7 +125,14 @@ PulseStream::~PulseStream() {
 void PulseStream::play(double volume) {
   const PulseServer::Lock lock(*m_server);
   m_server->wake();
-  if (!m_stream || pa_stream_get_state(m_stream) != PA_STREAM_READY) return;
+  if (isReady()) {
+    start(volume);
+  } else {
+    m_wanted = Wanted{volume, pa_rtclock_now() + kLatestStart};
+  }
+}
+
+void PulseStream::start(double volume) {
   std::vector<int16_t> scaled(m_sound.samples.size());
   std::transform(m_sound.samples.begin(), m_sound.samples.end(), scaled.begin(), [volume](int16_t sample) {
     return static_cast<int16_t>(std::lround(std::clamp(volume, 0.0, 1.0) * sample));
@@ -137,7 +146,15 @@ void PulseStream::play(double volume) {
 
 void PulseStream::stop() {
   const PulseServer::Lock lock(*m_server);
-  if (m_stream && pa_stream_get_state(m_stream) == PA_STREAM_READY) flush();
+  m_wanted.reset();
+  if (isReady()) flush();
+}
+
+bool PulseStream::isReady() const { return m_stream && pa_stream_get_state(m_stream) == PA_STREAM_READY; }
+
+void PulseStream::becameReady() {
+  const auto wanted = std::exchange(m_wanted, std::nullopt);
+  if (wanted && pa_rtclock_now() < wanted->until) start(wanted->volume);
 }
 
 void PulseStream::open() {
@@ -145,6 +162,13 @@ void PulseStream::open() {
   const pa_sample_spec format{PA_SAMPLE_S16LE, m_sound.rate, m_sound.channels};
   m_stream = pa_stream_new(m_server->context(), "Tarnwick", &format, nullptr);
   if (!m_stream) return;
+  pa_stream_set_state_callback(
+      m_stream,
+      [](pa_stream*, void* self) {
+        auto* stream = static_cast<PulseStream*>(self);
+        if (stream->isReady()) stream->becameReady();
+      },
+      this);
   pa_buffer_attr buffers{};
   buffers.maxlength = kServerDefault;  // takes a whole sound in one write
   buffers.tlength = static_cast<uint32_t>(pa_usec_to_bytes(20000, &format));
@@ -158,6 +182,7 @@ void PulseStream::open() {
 void PulseStream::close() {
   if (m_cork) m_server->api()->time_free(std::exchange(m_cork, nullptr));
   if (!m_stream) return;
+  pa_stream_set_state_callback(m_stream, nullptr, nullptr);
   pa_stream_disconnect(m_stream);
   pa_stream_unref(std::exchange(m_stream, nullptr));
 }
@@ -176,8 +201,8 @@ void PulseStream::corkLater() {
   m_cork = api->time_new(
       api, &moment,
       [](pa_mainloop_api*, pa_time_event*, const timeval*, void* self) {
-        auto* stream = static_cast<PulseStream*>(self)->m_stream;
-        if (stream && pa_stream_get_state(stream) == PA_STREAM_READY) drop(pa_stream_cork(stream, 1, nullptr, nullptr));
+        auto* stream = static_cast<PulseStream*>(self);
+        if (stream->isReady()) drop(pa_stream_cork(stream->m_stream, 1, nullptr, nullptr));
       },
       this);
 }

@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace tarnwick {
@@ -73,13 +74,21 @@ class PulseStream final {
   void close();
 
  private:
+  [[nodiscard]] bool isReady() const;
+  void start(double volume);
+  void becameReady();
   void flush();
   void corkLater();
 
   std::shared_ptr<PulseServer> m_server;
+  struct Wanted {
+    double volume;
+    pa_usec_t until;  // of pa_rtclock_now()
+  };
   PcmSound m_sound;
   pa_stream* m_stream = nullptr;
   pa_time_event* m_cork = nullptr;
+  std::optional<Wanted> m_wanted;  // asked for while the stream was still opening
 };
 
 }  // namespace tarnwick

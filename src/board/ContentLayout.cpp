@@ -8,6 +8,7 @@
 #include "effects/AshLedge.h"
 #include "effects/BoardSurfaceView.h"
 #include "effects/Controls.h"
+#include "effects/SoundEngine.h"
 #include "model/NotificationCenter.h"
 #include "model/SettingsKeys.h"
 #include "model/UserDefaults.h"
@@ -64,8 +65,14 @@ void ContentView::Content::connectAll() {
           });
   screensWatch = services.screens.onChanged([this] { view.update(); });
 
-  connect(rail, &BoardRail::boardChosen, &view, [this](const QString& name) { selectBoard(name); });
-  connect(rail, &BoardRail::boardAdded, &view, [this](const QString& name) { addBoard(name); });
+  connect(rail, &BoardRail::boardChosen, &view, [this](const QString& name) {
+    if (name != selectedBoard) services.sound.playStick();
+    selectBoard(name);
+  });
+  connect(rail, &BoardRail::boardAdded, &view, [this](const QString& name) {
+    services.sound.playStick();
+    addBoard(name);
+  });
   connect(rail, &BoardRail::newNoteRequested, &view, &ContentView::showComposer);
   connect(rail, &BoardRail::displayModeChosen, &view, [this](NoteDisplayMode mode) {
     (void)services.defaults.setText(keys::kNoteDisplayMode, rawValue(mode));

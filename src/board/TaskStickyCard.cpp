@@ -73,6 +73,7 @@ void TaskStickyCard::toggleDaily3() {
 void TaskStickyCard::cycleColor() {
   tarnwick::cycleColor(*m_task);
   save();
+  m_services.sound.playStick();
 }
 
 void TaskStickyCard::setTag(TaskTag tag) {

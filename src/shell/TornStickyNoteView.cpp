@@ -256,6 +256,7 @@ void TornStickyNoteView::togglePrivate() {
 
 void TornStickyNoteView::cycleColor() {
   tarnwick::cycleColor(*m_task);
+  m_services.sound.playStick();
   save();
   refresh();
 }

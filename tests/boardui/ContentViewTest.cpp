@@ -227,9 +227,12 @@ TEST_F(Board, changesTabsByArrowsAndKeepsANewOne) {
   EXPECT_EQ(shownTexts(), QStringList{u"at home"_s});
   key(Qt::Key_Right);
   EXPECT_EQ(shownTexts(), QStringList{u"at work"_s});
+  tabs.choose(3);
+  EXPECT_EQ(desk.audio.log.count(u"play stick"_s), 3) << "once for each that was not shown";
   click(u"Add Board"_s);
   type(u"  Garden "_s);
   key(Qt::Key_Return);
+  EXPECT_EQ(desk.audio.log.count(u"play stick"_s), 4);
   EXPECT_EQ(tabs.tabs().last(), u"Garden"_s);
   EXPECT_EQ(tabs.current(), 4);
   click(u"New Note"_s);

@@ -178,9 +178,10 @@ TEST_F(Wall, eachToolDoesWhatItSays) {
   settle();
   press(notes[0], {70, 90});
   EXPECT_EQ(desk.stored(notes[0]->id())->colorHex, u"#FF7597"_s);
+  EXPECT_EQ(desk.audio.log.filter(u"play stick"_s).size(), 1);
   press(notes[0], {110, 90});
   EXPECT_EQ(desk.stored(notes[0]->id())->isDaily3, true);
-  EXPECT_EQ(desk.audio.log.filter(u"play stick"_s).size(), 1);
+  EXPECT_EQ(desk.audio.log.filter(u"play stick"_s).size(), 2);
   press(notes[0], {150, 90});
   EXPECT_TRUE(desk.torn.isOpen(notes[0]->id()));
   press(notes[0], {30, 90});

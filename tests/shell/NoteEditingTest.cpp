@@ -150,9 +150,10 @@ TEST_F(TornNote, toolsChangeTheNoteAndSaveIt) {
   QSignalSpy saves(container.get(), &ModelContainer::didSave);
   click(view, "Change colour");
   EXPECT_EQ(task->colorHex(), QStringLiteral("#FF7597"));
+  EXPECT_EQ(sounds(QStringLiteral("stick")), 1);
   click(view, "Add to daily three");
   EXPECT_TRUE(task->isDaily3());
-  EXPECT_EQ(sounds(QStringLiteral("stick")), 1);
+  EXPECT_EQ(sounds(QStringLiteral("stick")), 2);
   click(view, "Private");
   EXPECT_TRUE(task->isPrivate());
   EXPECT_EQ(saves.count(), 3);

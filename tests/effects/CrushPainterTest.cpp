@@ -125,6 +125,27 @@ TEST_P(Painter, nothingIsLeftAtTheEnd) {
   }
 }
 
+TEST(CrushPainter, givesLinesAndShadowsTheirStrength) {
+  const CrushPainter flight(crushPlan(scene(), kBegin), {266, 226}, {}, 2);
+  const auto colorAt = [&](double seconds, double x, double y) {
+    QImage image(QSize(532, 452), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(2);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    flight.paint(painter, frameAt(flight.plan(), kBegin + seconds), QRect(0, 0, 266, 226));
+    return image.pixel(static_cast<int>(2 * x), static_cast<int>(2 * y));
+  };
+  // The sheet from 13, 84 to 163, 184; the edge of its shadow, which is half of it, lies 6 lower.
+  EXPECT_NEAR(qRed(colorAt(0, 13, 134)), 255 * (1 - 0.12), 3);
+  EXPECT_NEAR(qAlpha(colorAt(0, 88, 190)), 255 * 0.28 / 2, 4);
+  EXPECT_NEAR(qAlpha(colorAt(0, 88, 196)), 255 * 0.28 * 0.16, 4);
+  // The ring's line, at its left.
+  EXPECT_NEAR(qAlpha(colorAt(flight.plan().geometry.landing, 198, 186)), 255 * 0.65, 6);
+  // The ball, about 20 in radius, at 88, 134; its shadow 3 lower.
+  EXPECT_NEAR(qAlpha(colorAt(0.44, 88, 134 + 3 + 26)), 255 * 0.35 * 0.12, 3);
+  EXPECT_NEAR(qAlpha(colorAt(0.44, 88, 134 + 3 - 26)), 255 * 0.35 * 0.12, 3);
+}
+
 // Set TARNWICK_PICTURES to a folder to look at the flight.
 TEST_P(Painter, canBeLookedAt) {
   const auto target = qEnvironmentVariable("TARNWICK_PICTURES");

@@ -183,6 +183,7 @@ TEST(CrushPlan, theRingIsACircleThatOpensAfterTheLanding) {
   EXPECT_NEAR(at(ring, landing).opacity, 1, 1e-9);
   EXPECT_NEAR(at(ring, 0.5).transform.scaleX, 0.6, 1e-9);
   EXPECT_NEAR(at(ring, landing + 0.42).opacity, 0, 1e-9);
+  EXPECT_NEAR(at(ring, 0.645).transform.scaleX, 0.6 + 0.4 * 0.684643, 1e-5);
   EXPECT_NEAR(at(ring, 0.77).transform.scaleX, 1, 1e-9);
   EXPECT_NEAR(at(ring, landing + 0.04).transform.scaleX, 0.88, 1e-9);
   EXPECT_NEAR(at(ring, landing + 0.42).transform.scaleX, 1.75, 1e-9);
@@ -199,20 +200,19 @@ TEST(CrushPlan, sixPuffsOfDustRiseFromTheMouth) {
     EXPECT_EQ(at(puff, landing).cornerRadius, 2.5);
     EXPECT_EQ(at(puff, landing).transform.scaleX, 1);
     EXPECT_EQ(at(puff, landing).position, (DesktopPoint{1024, plan.geometry.mouth}));
-    const auto out = at(puff, landing + 0.3).position;
-    EXPECT_NEAR(std::hypot(out.x - 1024, out.y - plan.geometry.mouth), j % 2 == 0 ? 16 : 22, 1e-6) << j;
+    // From 30° to 150° in steps of 24°, first fast, then slow.
+    const double angle = (30 + 24 * static_cast<double>(j)) * 3.14159265358979 / 180;
+    const double distance = j % 2 == 0 ? 16 : 22;
+    for (const auto& [seconds, part] : {std::pair{0.15, 0.684643}, {0.3, 1.0}}) {
+      const auto out = at(puff, landing + seconds);
+      EXPECT_NEAR(out.position.x, 1024 + part * distance * std::cos(angle), 1e-4) << j;
+      EXPECT_NEAR(out.position.y, plan.geometry.mouth + part * distance * std::sin(angle), 1e-4) << j;
+      EXPECT_NEAR(out.transform.scaleX, 1 - 0.7 * part, 1e-5) << j;
+    }
     EXPECT_NEAR(at(puff, landing).opacity, 0, 1e-9);
     EXPECT_NEAR(at(puff, landing + 0.02).opacity, 0.9, 1e-9);
     EXPECT_NEAR(at(puff, landing + 0.3).opacity, 0, 1e-9);
-    EXPECT_NEAR(at(puff, landing + 0.3).transform.scaleX, 0.3, 1e-9);
   }
-  // 30° with 16 points, 150° with 22.
-  const auto first = at(dust[0], landing + 0.3).position;
-  EXPECT_NEAR(first.x, 1024 + 16 * std::sqrt(0.75), 1e-6);
-  EXPECT_NEAR(first.y, plan.geometry.mouth + 8, 1e-6);
-  const auto last = at(dust[5], landing + 0.3).position;
-  EXPECT_NEAR(last.x, 1024 - 22 * std::sqrt(0.75), 1e-6);
-  EXPECT_NEAR(last.y, plan.geometry.mouth + 11, 1e-6);
 }
 
 TEST(CrushPlan, paintsFromTheSheetUpToTheDust) {

@@ -72,6 +72,15 @@ TEST_F(CrushAnimator, completesOnceBehindTheRimAndLeavesNothing) {
   EXPECT_EQ(completions, 1);
 }
 
+TEST_F(CrushAnimator, beginsAHundredthOfASecondAfterTheCall) {
+  QImage black(1, 1, QImage::Format_RGB32);
+  black.fill(Qt::black);
+  flights.push_back(animator->play({250, 300, 175, 112}, Qt::white, black, Motion::Full, {}));
+  time.advance(101ms);  // a frame at 100 ms: 90 of the 200 in which the note's picture fades on its sheet
+  const auto shown = overlays().front()->grab().toImage();
+  EXPECT_NEAR(qGray(shown.pixel(337, 800 - 356)), 255 * 0.45, 3);
+}
+
 TEST_F(CrushAnimator, theLandingIsFeltAndHeardOnce) {
   play();
   time.advance(999ms);

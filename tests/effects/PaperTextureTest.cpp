@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QBuffer>
+#include <QSvgGenerator>
+
 namespace tarnwick {
 namespace {
 
@@ -77,13 +80,21 @@ TEST_P(RuledPaper, LinedHasRulesFromTwentySixAndOneRedMargin) {
   const std::vector<Stripe> upright = stripesAcross(image, 2);
   ASSERT_EQ(pointsOf(upright, GetParam()), std::vector<int>{20});
   const QRgb margin = image.pixel(upright.front().first, 2);
-  EXPECT_GT(qRed(margin), qGreen(margin));
+  EXPECT_EQ(qRed(margin), 255);
+  EXPECT_NEAR(upright.front().depth, (255 - 0x6B) * .18 * GetParam(), upright.front().width);
 }
 
 TEST_P(RuledPaper, EveryRuleHasTheSameWeight) {
   for (const PaperTheme theme : {PaperTheme::graph, PaperTheme::lined}) {
-    const std::vector<Stripe> rules = stripesDown(textureOf(theme, QSize(100, 112), GetParam()), 2);
+    const QImage image = textureOf(theme, QSize(100, 112), GetParam());
+    std::vector<Stripe> rules = stripesDown(image, 2);
     ASSERT_FALSE(rules.empty());
+    if (theme == PaperTheme::graph) {
+      const std::vector<Stripe> upright = stripesAcross(image, 2);
+      rules.insert(rules.end(), upright.begin(), upright.end());
+    }
+    const double weight = theme == PaperTheme::graph ? .07 * .75 : .09 * .8;
+    EXPECT_NEAR(rules.front().depth, 255 * weight * GetParam(), rules.front().width);
     for (const Stripe& rule : rules) {
       EXPECT_EQ(rule.width, rules.front().width);
       EXPECT_EQ(rule.depth, rules.front().depth);
@@ -115,6 +126,19 @@ TEST(Parchment, SpecklesTheWholeSheetLightly) {
   for (const int specks : quarters) {
     EXPECT_GT(specks, 20);
   }
+}
+
+TEST(Parchment, HasSixtySpecks) {
+  QBuffer drawing;
+  QSvgGenerator record;
+  record.setOutputDevice(&drawing);
+  QPainter painter(&record);
+  PaperTextureView view;
+  view.theme = PaperTheme::parchment;
+  view.size = QSizeF(175, 112);
+  view.paint(painter);
+  painter.end();
+  EXPECT_EQ(drawing.data().count("<circle"), 60);
 }
 
 TEST(DarkCraft, FramesTheSheetOnAllSides) {

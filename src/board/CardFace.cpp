@@ -10,6 +10,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
+#include <QTransform>
 
 #include <cmath>
 
@@ -81,6 +82,22 @@ bool CardFace::isStampRaised() const {
   return due && CardParts::dueLabelWidth(*due) + StampBadgeView::size(stamp).width() + 4 > footRect().width();
 }
 
+QPointF CardFace::stampCenter() const {
+  const QSizeF badge = StampBadgeView::size(stamp);
+  const double x = direction == Qt::RightToLeft ? 10 + badge.width() / 2 : kWidth - 10 - badge.width() / 2;
+  const double bottom = kHeight - (isStampRaised() ? 33 + (isSmoldering ? kBurntRise : 0) : 11);
+  return {x, bottom - badge.height() / 2};
+}
+
+QPolygonF CardFace::stampShape() const {
+  constexpr double kAside = 3;
+  const QSizeF badge = StampBadgeView::size(stamp);
+  QTransform turn = QTransform::fromTranslate(stampCenter().x(), stampCenter().y());
+  turn.rotate(stampAngle());
+  const double halfWidth = badge.width() / 2 + kAside;
+  return turn.map(QPolygonF(QRectF(-halfWidth, -badge.height() / 2, 2 * halfWidth, badge.height())));
+}
+
 QPointF CardFace::bodyOrigin() const {
   const double lead = theme == PaperTheme::lined ? 27 : theme == PaperTheme::construction ? 14 : 12;
   const double top = theme == PaperTheme::lined ? 8 : theme == PaperTheme::construction ? 13 : 11;
@@ -104,6 +121,7 @@ StickyChecklistBody CardFace::body() const {
   style.maxLines = isCrowded ? 3 : 4;
   style.mark = mark;
   style.direction = direction;
+  if (stamp != TaskStamp::none) style.keepOut = stampShape().translated(-bodyOrigin());
   if (hasMoreContrast) style.doneOpacity = 0.75;
   return {text, style};
 }
@@ -145,10 +163,7 @@ QPixmap CardFace::pixmap(PaperLift lift, double scale) const {
   if (isDaily3) CardParts::paintRibbon(painter, {isMirrored ? 34.0 : kWidth - 34 - 15, -3}, front, colorHex);
   body().paint(painter, bodyOrigin());
   if (stamp != TaskStamp::none) {
-    const QSizeF badge = StampBadgeView::size(stamp);
-    const double x = isMirrored ? 10 + badge.width() / 2 : kWidth - 10 - badge.width() / 2;
-    const double bottom = kHeight - (isStampRaised() ? 33 + (isSmoldering ? kBurntRise : 0) : 11);
-    StampBadgeView::paint(painter, stamp, {x, bottom - badge.height() / 2}, -4.0 - static_cast<double>(seed % 4));
+    StampBadgeView::paint(painter, stamp, stampCenter(), stampAngle());
   }
   paintFoot(painter, footRect());
   return pixmap;

@@ -58,6 +58,10 @@ struct CardFace {
   /// Something stands at the foot's trailing end.
   [[nodiscard]] bool hasTrailingFoot() const;
   [[nodiscard]] bool isStampRaised() const;
+  [[nodiscard]] QPointF stampCenter() const;
+  [[nodiscard]] double stampAngle() const { return -4.0 - static_cast<double>(seed % 4); }
+  /// The turned stamp and a little room around it, on the card.
+  [[nodiscard]] QPolygonF stampShape() const;
 };
 
 }  // namespace tarnwick

@@ -57,6 +57,15 @@ QString elided(const QString& text, const QFontMetricsF& metrics, double room) {
   return (first == ends.begin() ? QString() : text.left(*std::prev(first)).trimmed()) + dots;
 }
 
+/// What a line leaves free at its trailing end.
+double freeEnd(const StickyChecklistBody::Style& style, bool isFirst, double top) {
+  const double inset = isFirst ? style.firstLineInset : 0;
+  if (style.keepOut.isEmpty()) return inset;
+  const auto shared = style.keepOut.intersected(QRectF(0, top, style.width, style.lineHeight)).boundingRect();
+  if (shared.isEmpty()) return inset;
+  return std::max(inset, style.direction == Qt::RightToLeft ? shared.right() : style.width - shared.left());
+}
+
 struct Wrapped {
   int lines = 0;
   int lastLineStart = -1;  // where the last allowed line began
@@ -91,7 +100,9 @@ StickyChecklistBody::StickyChecklistBody(const QString& text, const Style& style
       row.layout = std::make_unique<QTextLayout>(content, font);
       QTextOption option;
       option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-      option.setTextDirection(content.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+      const bool readsLeft = content.isRightToLeft();
+      option.setTextDirection(readsLeft ? Qt::RightToLeft : Qt::LeftToRight);
+      option.setAlignment(readsLeft ? Qt::AlignRight : Qt::AlignLeft);
       row.layout->setTextOption(option);
       row.layout->setCacheEnabled(true);
       Wrapped result;
@@ -104,7 +115,7 @@ StickyChecklistBody::StickyChecklistBody(const QString& text, const Style& style
           result.hasMore = true;
           break;
         }
-        const double cut = used + result.lines == 0 ? style.firstLineInset : 0;
+        const double cut = freeEnd(style, used + result.lines == 0, lineTop);
         line.setLineWidth(std::max(20.0, style.width - indent - cut));
         const double x = isMirrored ? cut : indent;
         line.setPosition({x, lineTop + (style.lineHeight - line.height()) / 2});
@@ -122,7 +133,7 @@ StickyChecklistBody::StickyChecklistBody(const QString& text, const Style& style
                                         [](const QString& line) { return !line.trimmed().isEmpty(); });
     if (isLast && wrapped.lastLineStart >= 0 && (wrapped.hasMore || isFollowed)) {
       m_isElided = true;
-      const double cut = used + wrapped.lines == 1 ? style.firstLineInset : 0;
+      const double cut = freeEnd(style, used + wrapped.lines == 1, row.top + (wrapped.lines - 1) * style.lineHeight);
       const double room = style.width - indent - cut;
       const QString tail = words.mid(wrapped.lastLineStart, kMostOfALine);
       wrapped = layOut(words.left(wrapped.lastLineStart) + elided(tail, QFontMetricsF(font), room - 1));

@@ -8,6 +8,7 @@
 #include <QColor>
 #include <QFont>
 #include <QPointF>
+#include <QPolygonF>
 #include <QRectF>
 #include <QString>
 #include <QTextLayout>
@@ -29,6 +30,7 @@ class StickyChecklistBody final {
     QColor ink;
     double width = 152;
     double firstLineInset = 0;  // what the first line leaves free at its trailing end
+    QPolygonF keepOut;  // lines that would run into this shape end before it
     int maxLines = 0;           // the last one is elided; 0 = all
     double boxSize = 13;
     double rowGap = 0;  // between checklist rows

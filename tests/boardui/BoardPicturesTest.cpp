@@ -118,6 +118,24 @@ TEST_F(BoardPictures, selectedHoveredAndAshes) {
   pictures(u"wall-circle-toast"_s);
 }
 
+TEST_F(BoardPictures, stampsBesideWords) {
+  const QString words = u"Collect everything for the trip: charts, the blue rope, spare batteries and two flares"_s;
+  const auto stamped = [&](const QString& color, const QString& theme, const QString& stamp, bool isPrivate) {
+    note(words, color, [&](auto& r) {
+      r.paperThemeRaw = theme;
+      r.stampRaw = stamp;
+      r.isPrivate = isPrivate;
+      if (theme != u"parchment") r.dueDate = desk.at(u"2026-11-15T10:00:00"_s);
+    });
+  };
+  stamped(u"#FFE169"_s, u"plain"_s, u"approved"_s, true);
+  stamped(u"#4CC9F0"_s, u"graph"_s, u"star"_s, false);
+  stamped(u"#C77DFF"_s, u"lined"_s, u"priority"_s, true);
+  stamped(u"#FFA647"_s, u"parchment"_s, u"urgent"_s, true);
+  open();
+  pictures(u"wall-stamps"_s);
+}
+
 TEST_F(BoardPictures, searchTagsAndStats) {
   usualNotes();
   note(u"Order paper for the press, 120 g, cream"_s, u"#FFA647"_s, [](auto& r) { r.paperThemeRaw = u"lined"_s; });

@@ -132,6 +132,57 @@ TEST(ChecklistBody, aTappedRowIsWrittenToTheStore) {
   EXPECT_EQ(desk.stored(task->id())->text, u"- [ ] Milk\n- [x] Salt"_s);
 }
 
+TEST(ChecklistBody, aParagraphBeginsAtTheSideFromWhichItIsRead) {
+  for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+    auto asked = style();
+    asked.direction = direction;
+    asked.firstLineInset = 24;
+    const QImage image = painted(StickyChecklistBody(u"Milk\nחלב"_s, asked));
+    const auto span = [&](int line) {
+      QRect ink;
+      for (int y = 4 + line * 17; y < 4 + (line + 1) * 17; ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+          if (qGray(image.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
+        }
+      }
+      return ink;
+    };
+    EXPECT_NEAR(span(0).left(), direction == Qt::RightToLeft ? 4 + 24 : 4, 3);
+    EXPECT_NEAR(span(1).right(), 4 + 150, 3);
+  }
+}
+
+TEST(CardPicture, itsWordsEndBeforeItsStamp) {
+  for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+    for (const bool isPrivate : {false, true}) {
+      for (const bool isSmoldering : {false, true}) {
+        CardFace face;
+        face.text = u"gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj gj"_s;
+        if (direction == Qt::RightToLeft) face.text.replace(u"gj"_s, u"קץ"_s);
+        face.colorHex = u"#FFE169"_s;
+        face.direction = direction;
+        face.isPrivate = isPrivate;  // its lock lifts the stamp
+        face.isSmoldering = isSmoldering;
+        const QImage bare = face.pixmap(PaperLift::Rest, 2).toImage();
+        face.stamp = TaskStamp::approved;
+        const QImage stamped = face.pixmap(PaperLift::Rest, 2).toImage();
+        CardFace wordless = face;
+        wordless.text.clear();
+        const QImage stamp = wordless.pixmap(PaperLift::Rest, 2).toImage();
+        int collisions = 0;
+        for (int y = 0; y < stamped.height(); ++y) {
+          for (int x = 0; x < stamped.width(); ++x) {
+            const QColor label = stamp.pixelColor(x, y);
+            collisions += label.blue() > 180 && stamped.pixelColor(x, y).blue() < label.blue() - 6;
+          }
+        }
+        EXPECT_EQ(collisions, 0) << direction << isPrivate << isSmoldering;
+        EXPECT_NE(bare, stamped);
+      }
+    }
+  }
+}
+
 TEST(CardPicture, differsForEverythingThatLiesOnTheCard) {
   CardFace plain;
   plain.text = u"Note"_s;

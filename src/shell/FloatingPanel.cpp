@@ -240,7 +240,7 @@ SettledFrame::Window FloatingPanel::settledWindow() {
             const auto seen = m_ports.windowServer.frameOf(*windowHandle());
             return seen ? std::optional(boardInside(*seen)) : std::nullopt;
           },
-          [this] { return !isVisible() || m_dragOffset; }, [this] { applyGeometry(); },
+          [this] { return m_dragOffset.has_value(); }, [this] { applyGeometry(); },
           [this](const DesktopRect& frame) { m_frame = frame; }};
 }
 

@@ -61,12 +61,13 @@ void SettledFrame::settleAfter(std::chrono::milliseconds delay) {
 }
 
 void SettledFrame::settle() {
-  if (m_window.isBusy()) return;
-  if (const auto rest = kSettled - (m_clock.mediaTime() - m_lastAsked); rest > 0ns) {
+  if (!m_shown || !m_shown->isVisible()) return;
+  const auto rest = m_window.isMoving() ? kSettled : kSettled - (m_clock.mediaTime() - m_lastAsked);
+  if (rest > 0ns) {
     settleAfter(std::chrono::ceil<std::chrono::milliseconds>(rest));
     return;
   }
-  if (!m_isPlaced && !(m_shown && m_shown->isExposed())) return;
+  if (!m_isPlaced && !m_shown->isExposed()) return;
   const bool isPlacing = !std::exchange(m_isPlaced, true);
   const auto frame = m_window.real();
   if (!frame) return;

@@ -27,7 +27,7 @@ class SettledFrame final : public QObject {
   struct Window {
     std::function<DesktopRect()> wanted;
     std::function<std::optional<DesktopRect>()> real;  // waits for the window system's answer
-    std::function<bool()> isBusy;                      // hidden, in the user's hand or on its way
+    std::function<bool()> isMoving;                    // in the user's hand or on its way
     std::function<void()> insist;                      // asks for the wanted frame again
     std::function<void(const DesktopRect&)> adopt;
   };

@@ -321,7 +321,7 @@ void TornNotePanel::geometryReported() { m_settled.reported(m_services.screens.s
 
 SettledFrame::Window TornNotePanel::settledWindow() {
   return {[this] { return m_frame; }, [this] { return m_ports.windowServer.frameOf(*windowHandle()); },
-          [this] { return !isVisible() || m_hosting->isDraggingWindow() || m_sizeFrames.isHeld(); },
+          [this] { return m_hosting->isDraggingWindow() || m_sizeFrames.isHeld(); },
           [this] { applyGeometry(); },
           [this](const DesktopRect& frame) {
             m_frame = frame;

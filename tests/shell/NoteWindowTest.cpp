@@ -407,6 +407,25 @@ TEST_F(NoteDrag, insistsOnItsPlaceWhenTheWindowManagerFindsOneForANewWindow) {
   EXPECT_EQ(note.pos(), QPoint(930, 50));
 }
 
+TEST_F(NoteDrag, whoTakesItWhileItIsNewMayHaveItMovedByTheWindowManagerLater) {
+  const auto task = note();
+  auto& note = torn(task);
+  pass(1ms);
+  press(note, {125, 120});
+  move(note, {115, 120});
+  pass(1s);
+  release(note, {125, 120});
+  const auto there = note.frame();
+  EXPECT_EQ(there.x, 920);
+  windowServer.place(note.windowHandle(), there);
+  pass(1s);
+  windowServer.place(note.windowHandle(), {300, 310, 250, 230});
+  report(note, {300, 260});
+  pass(1s);
+  EXPECT_EQ(note.frame(), (DesktopRect{300, 310, 250, 230}));
+  EXPECT_EQ(time.pendingCount(), 0);
+}
+
 TEST_F(NoteDrag, aDockedTabThatTheWindowManagerMovesStaysThereToo) {
   const auto task = pinnedNote(kEditor);
   auto& note = docked(task);

@@ -49,7 +49,9 @@ Radii radii(PaperKind kind) {
 }
 
 Shadow shadow(PaperKind kind, PaperLift lift) {
-  if (kind == PaperKind::TornNote || kind == PaperKind::Tab) {
+  // Its window ends four points around the paper.
+  if (kind == PaperKind::Tab) return {{.6, .8, .34}, {1.2, 1.3, .30}, {1, 1, 0}};
+  if (kind == PaperKind::TornNote) {
     return {{1, 1.2, .30}, {6, 8, .26}, {8, 5, .34}};
   }
   if (lift == PaperLift::Raised || kind == PaperKind::EditorSheet) {

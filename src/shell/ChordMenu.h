@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A menu whose items tell their keys as all texts do, ⌘⇧T.
+// A menu whose items tell their keys as all texts do, ⌘⇧T, and show whether they are on beside their symbol.
 #pragma once
 
 #include <QKeySequence>
@@ -17,6 +17,7 @@ class ChordMenu final : public QMenu {
   using QMenu::QMenu;
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
 };
 

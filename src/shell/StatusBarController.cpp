@@ -83,7 +83,11 @@ std::optional<qreal> lightnessAround(const QRect& item) {
   return sum / 4;
 }
 
-QIcon symbol(const QString& name, QRgb ink) { return QIcon(Symbols::pixmap(name, 16, QColor::fromRgb(ink), 2)); }
+QIcon symbol(const QString& name, QRgb ink) {
+  QIcon icon(Symbols::pixmap(name, 16, QColor::fromRgb(ink), 2));
+  icon.addPixmap(Symbols::pixmap(name, 16, QColor::fromRgb(tokens::kOnAccent), 2), QIcon::Active);
+  return icon;
+}
 
 }  // namespace
 

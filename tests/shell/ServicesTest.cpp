@@ -231,8 +231,11 @@ TEST_F(Tray, itsItemsDoWhatTheySay) {
 TEST_F(Tray, thePrivacyItemTogglesTheSettingAndShowsItAsItIsNow) {
   QSignalSpy told(&center, &NotificationCenter::notePrivacyChanged);
   EXPECT_FALSE(item(QStringLiteral("Hide Notes from Screen Sharing")).isChecked());
+  const auto off = tray().menu().grab().toImage();
   item(QStringLiteral("Hide Notes from Screen Sharing")).trigger();
   EXPECT_TRUE(defaults.boolean(keys::kHideFromScreenShare));
+  EXPECT_TRUE(item(QStringLiteral("Hide Notes from Screen Sharing")).isChecked());
+  EXPECT_NE(tray().menu().grab().toImage(), off) << "beside its symbol it has a mark";
   EXPECT_EQ(told.count(), 1);
   ASSERT_TRUE(defaults.setBoolean(keys::kHideFromScreenShare, false));
   EXPECT_FALSE(item(QStringLiteral("Hide Notes from Screen Sharing")).isChecked());

@@ -7,6 +7,7 @@
 #include "app/commands/OfflineServices.h"
 #include "context/GitQueue.h"
 #include "effects/Controls.h"
+#include "effects/HouseStyle.h"
 #include "effects/Symbols.h"
 #include "linux/LinuxPorts.h"
 #include "linux/xdg/ProcessFiles.h"
@@ -150,6 +151,7 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
   }
   keepHeapSmall();
   StartVariables variables;
+  QApplication::setStyle(new HouseStyle);
   QApplication application(argc, argv);
   variables.giveBack();
   nameApplication();

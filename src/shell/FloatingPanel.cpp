@@ -49,6 +49,7 @@ FloatingPanel::FloatingPanel(const BoardServices& services, const ShellPorts& po
       m_veil(std::make_unique<CaptureVeil>(ports.captureWatch, services.scheduler)),
       m_isComposited(services.screens.isComposited()) {
   setAttribute(Qt::WA_TranslucentBackground);
+  setAttribute(Qt::WA_AlwaysShowToolTips);
   setAttribute(Qt::WA_QuitOnClose, false);
   setWindowTitle(tr("Tarnwick"));
   m_content->setParent(this);

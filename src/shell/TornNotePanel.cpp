@@ -59,6 +59,7 @@ TornNotePanel::TornNotePanel(TaskPtr task, const Surroundings& surroundings, Cal
       m_settled(m_services.clock, m_services.scheduler, settledWindow()) {
   setAttribute(Qt::WA_TranslucentBackground);
   setAttribute(Qt::WA_ShowWithoutActivating);
+  setAttribute(Qt::WA_AlwaysShowToolTips);  // it rarely has the keyboard
   setAttribute(Qt::WA_QuitOnClose, false);
   setWindowTitle(tr("Tarnwick Note"));
   buildContent();

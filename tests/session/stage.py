@@ -185,6 +185,13 @@ class XServer:
             return facts.override_redirect and facts.map_state == X.IsViewable and size.width > 120 and size.height > 80
         return [w.id for w in self.root.query_tree().children if self._quietly(lambda: is_popup(w), False)]
 
+    def tips(self):
+        def is_tip(window):
+            types = self.property(window, "_NET_WM_WINDOW_TYPE")
+            return self.is_viewable(window) and types is not None and \
+                self.x.intern_atom("_NET_WM_WINDOW_TYPE_TOOLTIP") in types
+        return [w.id for w in self.root.query_tree().children if is_tip(w)]
+
     def note_window(self, frame):
         """The note whose window lies there."""
         return next((w for w in self.windows()

@@ -109,6 +109,11 @@ def modes(tarnwick, server, say):
     note = Note(tarnwick, server, tarnwick.run("add", "Water the fern", check=True).stdout.strip())
     note.expect({"ABOVE", "SKIP_TASKBAR", "SKIP_PAGER"}, {"BELOW"}, 1, True)
     expect(server.active() != note.window().id, "a note takes no keyboard from another program")
+    left, top, width, height = note.frame()
+    xdo("mousemove", int(left + width - 34), int(top + 48))
+    wait(server.tips, "and still tells what its circle does")
+    park()
+    wait(lambda: not server.tips(), "while the pointer is on it")
 
     # onto the other window, by hand; a click there reaches the note, and the other program stays below
     left, top, width, height = note.frame()

@@ -2,6 +2,7 @@
 // A flight into the Trash of a real panel, on a real screen, with the flight's own clock held at chosen moments.
 #include "Session.h"
 #include "context/DockTrashLocator.h"
+#include "effects/CrushPlan.h"
 #include "effects/CrushToTrashAnimator.h"
 #include "effects/PaperSheet.h"
 #include "effects/SoundEngine.h"
@@ -15,11 +16,17 @@
 #include "platform/Screens.h"
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QLabel>
 #include <QLinearGradient>
 #include <QPainter>
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTemporaryDir>
+
+#include <cmath>
 
 namespace tarnwick {
 namespace {
@@ -69,6 +76,16 @@ class AFlightIntoTheTrash : public testing::Test {
     });
     return seen;
   }
+  void expectSinkingInto(const QRectF& place, const QString& name) {
+    const auto landed = lookUntil(name, [&](const Seen& seen) {
+      return seen.count > 0 && seen.box.width() < 60 && seen.box.left() >= place.left();
+    });
+    EXPECT_GE(landed.box.left(), place.left());
+    EXPECT_LE(landed.box.right(), place.right());
+    EXPECT_NEAR(landed.box.center().x(), place.center().x(), 2);
+    EXPECT_GT(landed.box.bottom(), place.top()) << "it is in the Trash";
+    EXPECT_LT(landed.box.bottom(), place.center().y()) << "and hidden behind the rim";
+  }
   void holdAt(std::chrono::milliseconds moment) {
     time.advance(moment - at);
     at = moment;
@@ -112,14 +129,7 @@ TEST_F(AFlightIntoTheTrash, EndsInThePanelsTrashButton) {
   EXPECT_LT(ball.box.bottom(), place.top());
 
   holdAt(1290ms);  // 40 ms after the landing the ball sinks into the mouth
-  const auto landed = lookUntil(u"3-landing"_s, [&](const Seen& seen) {
-    return seen.count > 0 && seen.box.width() < 60 && seen.box.left() >= place.left();
-  });
-  EXPECT_GE(landed.box.left(), place.left());
-  EXPECT_LE(landed.box.right(), place.right());
-  EXPECT_NEAR(landed.box.center().x(), place.center().x(), 2);
-  EXPECT_GT(landed.box.bottom(), place.top()) << "it is in the Trash";
-  EXPECT_LT(landed.box.bottom(), place.center().y()) << "and hidden behind the rim";
+  expectSinkingInto(place, u"3-landing"_s);
   EXPECT_EQ(audio.log.filter(u"stock"_s), QStringList{u"stock Pop"_s});
 
   holdAt(1395ms);
@@ -128,6 +138,73 @@ TEST_F(AFlightIntoTheTrash, EndsInThePanelsTrashButton) {
   holdAt(1420ms);
   EXPECT_EQ(completions, 1);
   EXPECT_EQ(rectFromText(defaults.text(u"dockTrashFrame"_s).value_or(QString())), *button);
+}
+
+/// A plank dock at the left of the screen, with one program whose icon is a plain square, and its trash.
+class Plank final {
+ public:
+  explicit Plank(const QString& folder) {
+    QImage square(128, 128, QImage::Format_RGB32);
+    square.fill(kSquare);
+    square.save(folder + u"/square.png"_s);
+    const auto config = qEnvironmentVariable("XDG_CONFIG_HOME");
+    write(folder + u"/square.desktop"_s, "[Desktop Entry]\nType=Application\nName=Square\nExec=true\nIcon=" +
+                                             folder.toUtf8() + "/square.png\n");
+    const QByteArray item("[PlankDockItemPreferences]\nLauncher=");
+    write(config + u"/plank/dock1/launchers/square.dockitem"_s, item + "file://" + folder.toUtf8() + "/square.desktop\n");
+    write(config + u"/plank/dock1/launchers/trash.dockitem"_s, item + "docklet://trash\n");
+    write(config + u"/glib-2.0/settings/keyfile"_s,
+          "[net/launchpad/plank/docks/dock1]\nicon-size=64\nposition='left'\nhide-mode='none'\n");
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"GSETTINGS_BACKEND"_s, u"keyfile"_s);
+    m_process.setProcessEnvironment(environment);
+    m_process.start(u"plank"_s, QStringList());
+  }
+  ~Plank() {
+    m_process.terminate();
+    m_process.waitForFinished();
+  }
+  /// Where the square is in a picture of the screen.
+  static QRect squareIn(const QImage& image) {
+    QRect box;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) {
+        if (image.pixel(x, y) == kSquare.rgb()) box |= QRect(x, y, 1, 1);
+      }
+    }
+    return box;
+  }
+
+ private:
+  static constexpr QColor kSquare{0x12, 0xC4, 0x3A};
+  static void write(const QString& path, const QByteArray& text) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text);
+  }
+  QProcess m_process;
+};
+
+TEST_F(AFlightIntoTheTrash, EndsInTheTrashOfPlank) {
+  if (QStandardPaths::findExecutable(u"plank"_s).isEmpty()) GTEST_SKIP() << "no plank installed";
+  const Plank plank(folder.path());
+  QRect square;
+  QRectF place;
+  // Both icons are as large and stand in one column.
+  EXPECT_TRUE(holdsSoon([&] {
+    square = Plank::squareIn(screenshot(u"5-plank"_s));
+    place = ports.screens().space().toQt(trash.axTrashFrame().value_or(DesktopRect{}));
+    return square.width() == 64 && square.height() == 64 && std::abs(place.center().x() - square.center().x()) <= 2 &&
+           std::abs(place.width() - 64) <= 2 && std::abs(std::abs(place.center().y() - square.center().y()) - 80) <= 3;
+  })) << "the square is " << square.left() << ',' << square.top() << ' ' << square.width() << "; the Trash "
+      << place.left() << ',' << place.top() << ' ' << place.width();
+
+  const auto screen = ports.screens().all().front();
+  const auto g = crushGeometry({screen.frame.size(), kNote, trash.trashFrame(), kPaper});
+  const auto flight = animator.play(kNote, kPaper, {}, Motion::Full, [] {});
+  holdAt(std::chrono::milliseconds(static_cast<int>(1000 * g.landing) + 50));
+  expectSinkingInto(place, u"6-plank-landing"_s);
 }
 
 /// With TARNWICK_FRAMES set to a folder: the flight frame by frame, 25 in a second.

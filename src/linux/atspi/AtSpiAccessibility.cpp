@@ -79,7 +79,7 @@ std::vector<ElementRef> AtSpiAccessibility::docks() const {
   const auto& read = m_tree.reading().docks;
   docks.insert(docks.end(), read.begin(), read.end());
   m_tree.refresh();
-  if (m_plank.isRunning()) m_plank.refresh();
+  m_plank.refresh();
   return docks;
 }
 

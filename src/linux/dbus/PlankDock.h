@@ -19,11 +19,13 @@ class PlankDock final : public QObject {
  public:
   PlankDock();
 
-  void refresh();
-  [[nodiscard]] bool isRunning() const { return m_isRunning; }
   [[nodiscard]] const DockState& state() const { return m_state; }
   /// Device pixels; nothing without a trash in the dock.
   [[nodiscard]] std::optional<QRect> trash() const { return m_trash; }
+
+ public Q_SLOTS:
+  /// Asks anew; without a dock nothing changes.
+  void refresh();
 
  private Q_SLOTS:
   void serviceChanged(const QString& name, const QString& oldOwner, const QString& newOwner);
@@ -32,7 +34,6 @@ class PlankDock final : public QObject {
   void ask(const QString& method, const QVariantList& arguments, std::function<void(const QVariantList&)> answer);
   void forget();
 
-  bool m_isRunning = false;
   DockState m_state;
   std::optional<QRect> m_trash;
 };

@@ -99,6 +99,41 @@ QPixmap shadowPixmap(const std::vector<ShadowLayer>& layers, const QRectF& area,
   return pixmap;
 }
 
+/// The picture as large as wanted, its middle column and row repeated.
+QPixmap stretched(const QPixmap& picture, const QSizeF& size, double scale) {
+  QPixmap whole = clearPixmap(size, scale);
+  if (whole.size() == picture.size()) return picture;
+  struct Slice {
+    int from, fromLength, to, toLength;
+  };
+  const auto slices = [](int length, int wanted) {
+    const int before = length / 2;
+    const int after = length - before - 1;
+    return std::array{Slice{0, before, 0, before}, Slice{before, 1, before, wanted - before - after},
+                      Slice{before + 1, after, wanted - after, after}};
+  };
+  QPixmap source = picture;
+  source.setDevicePixelRatio(1);
+  whole.setDevicePixelRatio(1);
+  QPainter painter(&whole);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  for (const auto& row : slices(source.height(), whole.height())) {
+    for (const auto& column : slices(source.width(), whole.width())) {
+      painter.drawPixmap(QRect(column.to, row.to, column.toLength, row.toLength), source,
+                         QRect(column.from, row.from, column.fromLength, row.fromLength));
+    }
+  }
+  painter.end();
+  whole.setDevicePixelRatio(scale);
+  return whole;
+}
+
+/// Draws a picture that is made once per key and scale.
+void paintKept(QPainter& painter, const QString& key, const QPointF& at, const std::function<QPixmap(double scale)>& made) {
+  const double scale = deviceScale(painter);
+  painter.drawPixmap(at, cache().fetch(QStringLiteral("%1 @%2").arg(key).arg(scale), [&] { return made(scale); }));
+}
+
 }  // namespace
 
 QImage boxBlurred(QImage alpha, double sigma) {
@@ -147,11 +182,8 @@ QImage tinted(const QImage& alpha, const QColor& color, double scale) {
 }
 
 void paintShadow(QPainter& painter, const QString& key, const QPointF& origin, const std::vector<ShadowLayer>& layers) {
-  const double scale = deviceScale(painter);
   const QRectF area = spread(layers);
-  const QPixmap pixmap = cache().fetch(QStringLiteral("%1 @%2").arg(key).arg(scale),
-                                       [&] { return shadowPixmap(layers, area, scale); });
-  painter.drawPixmap(origin + area.topLeft(), pixmap);
+  paintKept(painter, key, origin + area.topLeft(), [&](double scale) { return shadowPixmap(layers, area, scale); });
 }
 
 void paintBoxShadow(QPainter& painter, const QRectF& rect, double topRadius, double bottomRadius, double offset,
@@ -159,8 +191,18 @@ void paintBoxShadow(QPainter& painter, const QRectF& rect, double topRadius, dou
   const QString key = QStringLiteral("box %1 %2 %3 %4 %5 %6 %7")
                           .arg(rect.width()).arg(rect.height()).arg(topRadius).arg(bottomRadius).arg(offset).arg(sigma)
                           .arg(alpha);
-  const QPainterPath box = roundedBox(QRectF(QPointF(0, 0), rect.size()), topRadius, bottomRadius);
-  paintShadow(painter, key, rect.topLeft(), {{box, offset, sigma, alpha}});
+  const auto layerOf = [&](const QSizeF& size) {
+    return ShadowLayer{roundedBox(QRectF(QPointF(0, 0), size), topRadius, bottomRadius), offset, sigma, alpha};
+  };
+  const QRectF area = spread({layerOf(rect.size())});
+  paintKept(painter, key, rect.topLeft() + area.topLeft(), [&](double scale) {
+    // Between its corners each side of the shadow is the same all along: only as much as the corners take is blurred.
+    const double corners = 2 * (3 * sigma + 1 + std::max(topRadius, bottomRadius)) + 2;
+    const auto spare = [&](double length) { return std::max(0.0, std::floor((length - corners) * scale)) / scale; };
+    const QSizeF less(spare(rect.width()), spare(rect.height()));
+    const QPixmap part = shadowPixmap({layerOf(rect.size() - less)}, {area.topLeft(), area.size() - less}, scale);
+    return stretched(part, area.size(), scale);
+  });
 }
 
 QPainterPath roundedBox(const QRectF& rect, double topRadius, double bottomRadius) {

@@ -12,6 +12,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
+
 namespace tarnwick {
 namespace {
 
@@ -80,6 +83,25 @@ TEST(PaperSheets, CastTheirShadowStraightDown) {
   const auto shade = [&](int x, int y) { return qAlpha(image.pixel(x, y)); };
   EXPECT_GT(shade(60, 156), shade(60, 35));
   EXPECT_NEAR(shade(34, 96), shade(220, 96), 3);
+}
+
+TEST(BoxShadows, AreTheSameWhetherBlurredWholeOrInParts) {
+  const QRectF box(60, 60, 231.4, 140);
+  for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+    const auto seen = [&](const std::function<void(QPainter&)>& paint) { return painted({360, 270}, scale, Qt::transparent, paint); };
+    const QImage parts = seen([&](QPainter& painter) { paintBoxShadow(painter, box, 9, 4, 6, 8, .8); });
+    const QImage whole = seen([&](QPainter& painter) {
+      paintShadow(painter, QStringLiteral("whole"), box.topLeft(), {{roundedBox({{0, 0}, box.size()}, 9, 4), 6, 8, .8}});
+    });
+    int worst = 0;
+    for (int y = 0; y < whole.height(); ++y) {
+      for (int x = 0; x < whole.width(); ++x) {
+        worst = std::max(worst, std::abs(qAlpha(parts.pixel(x, y)) - qAlpha(whole.pixel(x, y))));
+      }
+    }
+    EXPECT_LE(worst, 1) << "at scale " << scale;
+    EXPECT_GT(qAlpha(parts.pixel(int(180 * scale), int(130 * scale))), 190);
+  }
 }
 
 TEST(PaperSheets, LieDeeperOnTheWallThanARaisedOne) {

@@ -18,10 +18,13 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <utility>
 
 namespace tarnwick {
 
 namespace {
+
+constexpr std::chrono::milliseconds kMenuDelay(150);
 
 // A session's panel may come up well after what it starts.
 constexpr std::chrono::seconds kPresenceDelay(8);
@@ -97,9 +100,6 @@ StatusBarController::StatusBarController(FloatingPanel& panel, Services services
       m_actions(std::move(actions)),
       m_menu(std::make_unique<ChordMenu>()) {
   m_menu->setTitle(tr("Tarnwick"));
-  styleMenu(*m_menu);
-  // A tray that draws the menu itself asks for it before it ever shows one.
-  buildMenu();
   connect(m_menu.get(), &QMenu::aboutToShow, this, &StatusBarController::buildMenu);
   m_item.setIcon(rimmedGlyph());
   m_item.setToolTip(tr("Tarnwick — ⌘⇧T"));
@@ -112,6 +112,8 @@ StatusBarController::~StatusBarController() { m_panel.setAnchorSource({}); }
 
 void StatusBarController::start() {
   m_item.show();
+  // A tray that draws the menu itself asks for it before it ever shows one; nobody opens it that quickly.
+  m_menuWork = m_services.scheduler.after(kMenuDelay, [this] { buildMenu(); });
   for (const auto delay : kInkDelays) m_inkChecks.push_back(m_services.scheduler.after(delay, [this] { applyInk(); }));
   if (m_services.isTrayPresent()) return;
   m_presenceCheck = m_services.scheduler.after(kPresenceDelay, [this] {
@@ -128,6 +130,8 @@ void StatusBarController::applyInk() {
 }
 
 void StatusBarController::buildMenu() {
+  m_menuWork.cancel();
+  if (!std::exchange(m_isMenuStyled, true)) styleMenu(*m_menu);
   m_menu->clear();
   // A panel that hides the item's place draws the menu as well, light or dark.
   const QRgb ink = m_item.geometry().isEmpty() ? kInkForAnyMenu : tokens::kText2;

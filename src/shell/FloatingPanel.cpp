@@ -121,7 +121,10 @@ void FloatingPanel::showInFront() {
     m_ports.windowServer.setOpacity(window, m_alpha);
     m_settled.willShow(window);
     applyGeometry();
+    // The window manager frames the window while the board is still being drawn.
+    m_content->hide();
     show();
+    m_content->show();
     m_ports.windowServer.applyLevel(window, WindowLevel::Floating);
     m_ports.windowServer.setSharing(window, m_sharing);
     applyCompositing();

@@ -109,7 +109,6 @@ BoardRail::BoardRail(QWidget* parent)
     : QWidget(parent),
       m_tabs(new BoardTabs(this)),
       m_addTab(new ToolButton(QStringLiteral("plus"), tr("Add Board"), ToolButton::Plate::None, this)),
-      m_name(new QLineEdit(this)),
       m_new(new PrimaryButton(QString(), QStringLiteral("plus"), this)),
       m_countdown(new BurnCountdownLabel(this)),
       m_mode(new DisplayModeSegment(this)),
@@ -126,28 +125,15 @@ BoardRail::BoardRail(QWidget* parent)
     tool->setCheckable(true);
     tool->setToolTip(tool->accessibleName());
   }
-  m_name->setFrame(false);
-  m_name->setMaxLength(40);
-  m_name->setAccessibleName(tr("Name of the new board"));
-  m_name->setPlaceholderText(tr("Board name"));
-  m_name->setFont(tokens::font(tokens::Type::RowTitle));
-  m_name->setStyleSheet(
-      QStringLiteral("QLineEdit{background:rgba(0,0,0,.34);border:2px solid #FFE169;border-radius:7px;"
-                     "color:#F4F1EA;padding:0 5px;selection-background-color:#FFE169;"
-                     "selection-color:#383217}"));
-  m_name->installEventFilter(this);
-  m_name->hide();
-
   connect(m_tabs, &ChoiceRow::chosen, this, [this](int index) { Q_EMIT boardChosen(m_tabs->tabs().value(index)); });
   connect(m_addTab, &QAbstractButton::clicked, this, &BoardRail::beginNaming);
-  connect(m_name, &QLineEdit::returnPressed, this, [this] { endNaming(Naming::Keep); });
   connect(m_new, &QAbstractButton::clicked, this, &BoardRail::newNoteRequested);
   connect(m_mode, &ChoiceRow::chosen, this,
           [this](int index) { Q_EMIT displayModeChosen(kNoteDisplayModes[static_cast<std::size_t>(index)]); });
 }
 
 QList<QWidget*> BoardRail::stops() const {
-  return {m_tabs, m_addTab, m_name, m_new, m_mode, m_search, m_tags, m_stats};
+  return {m_tabs, m_addTab, m_new, m_mode, m_search, m_tags, m_stats};
 }
 
 void BoardRail::setTabs(const QStringList& names, const QString& selected) {
@@ -165,7 +151,25 @@ void BoardRail::setCountdown(int count, const BurnCountdown& countdown) {
   layOut();
 }
 
+void BoardRail::makeName() {
+  m_name = new QLineEdit(this);
+  m_name->setFrame(false);
+  m_name->setMaxLength(40);
+  m_name->setAccessibleName(tr("Name of the new board"));
+  m_name->setPlaceholderText(tr("Board name"));
+  m_name->setFont(tokens::font(tokens::Type::RowTitle));
+  m_name->setStyleSheet(
+      QStringLiteral("QLineEdit{background:rgba(0,0,0,.34);border:2px solid #FFE169;border-radius:7px;"
+                     "color:#F4F1EA;padding:0 5px;selection-background-color:#FFE169;"
+                     "selection-color:#383217}"));
+  m_name->installEventFilter(this);
+  m_name->hide();
+  setTabOrder(m_addTab, m_name);
+  connect(m_name, &QLineEdit::returnPressed, this, [this] { endNaming(Naming::Keep); });
+}
+
 void BoardRail::beginNaming() {
+  if (!m_name) makeName();
   m_isNaming = true;
   m_name->clear();
   m_name->show();
@@ -187,7 +191,7 @@ void BoardRail::endNaming(Naming outcome) {
 }
 
 bool BoardRail::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == m_name) {
+  if (m_name && watched == m_name) {
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
       endNaming(Naming::Drop);
       return true;
@@ -218,7 +222,7 @@ void BoardRail::layOut() {
   const int stripWidth = std::max(60, std::min(m_tabs->contentWidth(), newX - 8 - tailWidth - (kEdge - 3)));
   place(m_tabs, kEdge - 3, 9, stripWidth, 32);
   place(m_addTab, kEdge - 3 + stripWidth, 12, 26, 26);
-  place(m_name, kEdge - 3 + stripWidth, 12, kNameWidth, 26);
+  if (m_name) place(m_name, kEdge - 3 + stripWidth, 12, kNameWidth, 26);
 
   int x = width() - kEdge - 1;
   for (QWidget* tool :

@@ -80,12 +80,13 @@ class BoardRail final : public QWidget {
  private:
   enum class Naming { Keep, Drop };
   void layOut();
+  void makeName();
   void beginNaming();
   void endNaming(Naming outcome);
 
   BoardTabs* m_tabs;
   ToolButton* m_addTab;
-  QLineEdit* m_name;
+  QLineEdit* m_name = nullptr;  // made for the first board that is named
   PrimaryButton* m_new;
   BurnCountdownLabel* m_countdown;
   DisplayModeSegment* m_mode;

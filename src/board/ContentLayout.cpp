@@ -35,18 +35,35 @@ ContentView::Content::Content(ContentView& owner, const BoardServices& given)
       nudge(new PlanNudgeView(&owner)),
       slip(new StatsSlip(wall)),
       strip(new AshesStrip(&owner)),
-      field(new SearchField(&owner)),
+      field([this] { return makeField(); }),
       tagRow(new TagRow(&owner)),
       banner(new UpdateBanner(&owner)),
       rail(new BoardRail(&owner)),
-      composer(new AddTaskView(services, {[this] { view.showList(); }, [this] { view.showList(); }}, &owner)),
-      editor(new TaskNoteView(
-          services, [this] { view.showList(); }, &owner)),
-      ashes(new AshesOverlay(
-          {[this] { closeAshes(); }, [this](const TaskPtr& task) { revive(task); }, [this] { sweep(); }}, &owner)),
+      composer([this] {
+        return page(new AddTaskView(services, {[this] { view.showList(); }, [this] { view.showList(); }}, &view));
+      }),
+      editor([this] { return page(new TaskNoteView(services, [this] { view.showList(); }, &view)); }),
+      ashes([this] {
+        return page(new AshesOverlay(
+            {[this] { closeAshes(); }, [this](const TaskPtr& task) { revive(task); }, [this] { sweep(); }}, &view));
+      }),
       toast(new UndoToast(services.clock, services.scheduler, services.workspace, &owner)),
       cover(new PageCover(services.clock, services.scheduler, &owner)),
-      undoKey(new UndoKeyView(&owner)) {}
+      undoKey(new UndoKeyView(&owner)) {
+  nudge->hide();  // until the wall is known to be empty
+}
+
+SearchField* ContentView::Content::makeField() {
+  auto* made = new SearchField(&view);
+  made->hide();
+  made->stackUnder(tagRow);
+  connect(made, &SearchField::textChanged, &view, [this](const QString& text) {
+    search = text;
+    refresh();
+  });
+  connect(made, &SearchField::closeRequested, &view, [this] { toggleSearch(); });
+  return made;
+}
 
 void ContentView::Content::connectAll() {
   undoKey->onUndo = [this] { undo(); };
@@ -82,11 +99,6 @@ void ContentView::Content::connectAll() {
   connect(&rail->tagsTool(), &QAbstractButton::clicked, &view, [this] { toggleTags(); });
   connect(&rail->statsTool(), &QAbstractButton::clicked, &view, [this] { toggleStats(); });
   connect(slip, &StatsSlip::closeRequested, &view, [this] { toggleStats(); });
-  connect(field, &SearchField::textChanged, &view, [this](const QString& text) {
-    search = text;
-    refresh();
-  });
-  connect(field, &SearchField::closeRequested, &view, [this] { toggleSearch(); });
   connect(tagRow, &ChoiceRow::chosen, &view, [this] {
     selectedTag = tagRow->tag();
     refresh();
@@ -109,8 +121,9 @@ void ContentView::Content::connectAll() {
 
 void ContentView::Content::orderTabs() {
   QList<QWidget*> order{wall};
-  order << &slip->closeButton() << nudge->stops() << rail->stops() << &field->edit() << tagRow << banner->stops()
-        << strip;
+  order << &slip->closeButton() << nudge->stops() << rail->stops();
+  if (field.made()) order << &field->edit();
+  order << tagRow << banner->stops() << strip;
   for (int i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
@@ -146,7 +159,9 @@ void ContentView::Content::layOut() {
   int y = kRail;
   banner->setGeometry(0, y, width, kBannerHeight);
   if (hasBanner) y += kBannerHeight;
-  field->setGeometry(kEdge - 2, y + 3 - 2, width - 2 * kEdge + 4, kFieldHeight + 4);
+  if (auto* made = field.shown(showSearch)) {
+    made->setGeometry(kEdge - 2, y + 3 - 2, width - 2 * kEdge + 4, kFieldHeight + 4);
+  }
   tagRow->setGeometry(kEdge, y + (showSearch ? 36 : 3), width - 2 * kEdge, kFieldHeight);
   const int top = wallTop();
   wall->setGeometry(0, top, width, height - top);
@@ -156,9 +171,6 @@ void ContentView::Content::layOut() {
   nudge->setShift(top - kRail);
   const QSize ledge = strip->sizeHint();
   strip->setGeometry(0, height - ledge.height(), width, ledge.height());
-  for (QWidget* page : {static_cast<QWidget*>(composer), static_cast<QWidget*>(editor), static_cast<QWidget*>(ashes)}) {
-    page->setGeometry(view.rect());
-  }
 
   // The keyboard leaves what goes before Qt hands it to a neighbour.
   const QWidget* focused = view.focusWidget();
@@ -168,13 +180,16 @@ void ContentView::Content::layOut() {
       wall->setFocus(Qt::OtherFocusReason);
     widget->setVisible(isShown);
   };
-  show(composer, state == ViewState::add);
-  show(editor, state == ViewState::edit);
-  show(ashes, state == ViewState::list && showBurned);
+  const auto showLater = [&](auto& part, bool isShown) {
+    if (auto* made = part.shown(isShown)) show(made, isShown);
+  };
+  showLater(composer, state == ViewState::add);
+  showLater(editor, state == ViewState::edit);
+  showLater(ashes, state == ViewState::list && showBurned);
   show(rail, isList);
   show(slip, isList && showStats);
   show(nudge, isList && showsNudge());
-  show(field, isList && showSearch);
+  showLater(field, isList && showSearch);
   show(tagRow, isList && showTags);
   show(banner, isList && hasBanner);
   show(strip, isList && showsStrip());

@@ -17,9 +17,30 @@
 #include "board/UndoKeyMonitor.h"
 #include "board/UndoToast.h"
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 namespace tarnwick {
+
+/// A part of the board that is made when it is first needed: the first look at the board waits for none of them.
+template <class Part>
+class Later {
+ public:
+  explicit Later(std::function<Part*()> make) : m_make(std::move(make)) {}
+  Part* operator->() { return get(); }
+  Part* get() {
+    if (!m_part) m_part = m_make();
+    return m_part;
+  }
+  [[nodiscard]] Part* made() const { return m_part; }
+  /// The part when it is shown, and what was made of it when it is not.
+  Part* shown(bool isShown) { return isShown ? get() : m_part; }
+
+ private:
+  std::function<Part*()> m_make;
+  Part* m_part = nullptr;  // owned by its parent widget
+};
 
 struct ContentView::Content {
   Content(ContentView& owner, const BoardServices& given);
@@ -51,6 +72,15 @@ struct ContentView::Content {
 
   // Where things are.
   void connectAll();
+  [[nodiscard]] SearchField* makeField();
+  /// Over the wall, under what tells and fades.
+  template <class Page>
+  Page* page(Page* made) {
+    made->hide();
+    made->setGeometry(view.rect());
+    made->stackUnder(toast);
+    return made;
+  }
   void layOut();
   void placeSlip();
   void orderTabs();
@@ -94,13 +124,13 @@ struct ContentView::Content {
   PlanNudgeView* nudge;
   StatsSlip* slip;
   AshesStrip* strip;
-  SearchField* field;
+  Later<SearchField> field;
   TagRow* tagRow;
   UpdateBanner* banner;
   BoardRail* rail;
-  AddTaskView* composer;
-  TaskNoteView* editor;
-  AshesOverlay* ashes;
+  Later<AddTaskView> composer;
+  Later<TaskNoteView> editor;
+  Later<AshesOverlay> ashes;
   UndoToast* toast;
   PageCover* cover;
   UndoKeyView* undoKey;

@@ -178,7 +178,9 @@ void ContentView::Content::toggleSearch() {
     field->setText(QString());
   }
   refresh();
-  if (showSearch) field->edit().setFocus();
+  if (!showSearch) return;
+  orderTabs();
+  field->edit().setFocus();
 }
 
 void ContentView::Content::toggleTags() {

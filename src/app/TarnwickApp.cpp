@@ -9,6 +9,7 @@
 #include "effects/Controls.h"
 #include "effects/HouseStyle.h"
 #include "effects/Symbols.h"
+#include "effects/Tokens.h"
 #include "linux/LinuxPorts.h"
 #include "linux/xdg/ProcessFiles.h"
 #include "linux/time/QtScheduler.h"
@@ -28,6 +29,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -160,6 +162,7 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
   QGuiApplication::setDesktopFileName(kApplicationID);
   QApplication::setQuitOnLastWindowClosed(false);
 
+  const std::jthread fonts(tokens::findFamily);  // while ports and store are opened
   LinuxPorts ports;
   AppDelegate delegate(portsOf(ports), {persistentStorePath(), settingsPath()});
   // Not quit(): that asks every window first, and the board and the notes never close, they only hide.

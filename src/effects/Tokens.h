@@ -41,6 +41,8 @@ enum class Type {
   WelcomeTitle, NudgeTitle, PanelTitle, StatsNumber, RowTitle, Primary, Body, Help, CardText, NoteText, Placeholder,
   DueLabel, Countdown, Stamp, Kicker
 };
+/// Lists the installed fonts, which every font waits for otherwise: milliseconds at a start. From any thread.
+void findFamily();
 /// The face of a role: size in device-independent pixels, weight and spacing as the look has them.
 [[nodiscard]] QFont font(Type role);
 /// Distance of two lines of a role.

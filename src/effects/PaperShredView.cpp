@@ -2,6 +2,7 @@
 #include "effects/PaperShredView.h"
 
 #include "effects/PaperRandom.h"
+#include "effects/PixmapCache.h"
 #include "effects/Tokens.h"
 
 #include <QLinearGradient>
@@ -23,6 +24,33 @@ constexpr double kSway = 8;  // degrees
 double share(double progress, double from, double to) { return std::clamp((progress - from) / (to - from), 0.0, 1.0); }
 
 double easeInOut(double t) { return t < .5 ? 2 * t * t : 1 - 2 * (1 - t) * (1 - t); }
+
+// The note as its ribbons show it: each in another shade, with light on one edge. Only the last note's is kept.
+QPixmap sliced(const QPixmap& note) {
+  static PixmapCache kept(8192);
+  return kept.fetch(QString::number(note.cacheKey()), [&] {
+    kept.clear();
+    const QSizeF size = note.deviceIndependentSize();
+    const double wide = size.width() / PaperShredView::kRibbons;
+    QPixmap light = clearPixmap(size, note.devicePixelRatio());
+    QPainter painter(&light);
+    PaperRandom random(61);
+    for (int i = 0; i < PaperShredView::kRibbons; ++i) {
+      painter.fillRect(QRectF(i * wide, 0, wide, size.height()), tokens::black(random.between(0, .14)));
+      painter.fillRect(QRectF(i * wide + .4, 0, 1, size.height()), tokens::white(.4));
+    }
+    // On paper and tape alone: twice cut to the note, next to nothing of it lies on a faint shadow.
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    painter.drawPixmap(0, 0, note);
+    painter.drawPixmap(0, 0, note);
+    painter.end();
+    QPixmap slices = note;
+    QPainter over(&slices);
+    over.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+    over.drawPixmap(0, 0, light);
+    return slices;
+  });
+}
 
 // A roller with the light on its upper half.
 void paintRoller(QPainter& painter, const QRectF& rect, double y) {
@@ -76,6 +104,7 @@ void PaperShredView::paint(QPainter& painter, const QRectF& rect, const QPixmap&
   painter.save();
   painter.setOpacity(painter.opacity() * (1 - share(progress, kFadeStarts, 1)));
   const double wide = rect.width() / kRibbons;
+  const QPixmap slices = cut < rect.bottom() ? sliced(note) : QPixmap();
   for (int i = 0; i < kRibbons && cut < rect.bottom(); ++i) {
     // Neighbours hang almost alike, or they would cut through each other; the outer ones keep inside the window.
     const double haste = random.between(.85, 1.15);
@@ -88,7 +117,7 @@ void PaperShredView::paint(QPainter& painter, const QRectF& rect, const QPixmap&
     painter.save();
     painter.translate(ribbon.center().x(), cut + fall);
     painter.rotate(sway);
-    painter.drawPixmap(QRectF(-wide / 2 + .4, 0, wide - .8, ribbon.height()), note, source(ribbon));
+    painter.drawPixmap(QRectF(-wide / 2 + .4, 0, wide - .8, ribbon.height()), slices, source(ribbon));
     painter.restore();
   }
   painter.restore();

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
 namespace tarnwick {
 namespace {
 
@@ -188,6 +190,15 @@ TEST(Shredder, LeavesNothing) {
   EXPECT_FALSE(isBlank(shredded(.3)));
   EXPECT_FALSE(isBlank(shredded(.85)));
   EXPECT_TRUE(isBlank(shredded(1)));
+}
+
+TEST(Shredder, ShowsEachRibbonInAShadeOfItsOwn) {
+  const QImage image = shredded(.6);
+  std::set<int> shades;
+  for (int x = 50; x < 260; ++x) {
+    if (qAlpha(image.pixel(x, 150)) == 255) shades.insert(qRed(image.pixel(x, 150)));
+  }
+  EXPECT_GE(shades.size(), 8U);
 }
 
 TEST(Shredder, FadesTheRibbonsOnlyWhenTheyFall) {

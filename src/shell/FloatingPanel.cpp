@@ -229,9 +229,9 @@ void FloatingPanel::setFrame(const DesktopRect& frame) {
   applyGeometry();
 }
 
-void FloatingPanel::applyGeometry() {
+void FloatingPanel::askFor(const DesktopRect& frame) {
   m_settled.didAsk();
-  const auto place = m_services.screens.space().toQt(m_frame);
+  const auto place = m_services.screens.space().toQt(frame);
   const QSize size(kSide + 2 * rim(), kSide + 2 * rim());
   // Between whole scales Qt lets windows grow by two pixels only, counted from here.
   if (auto* window = windowHandle()) window->setBaseSize(size);
@@ -244,7 +244,7 @@ SettledFrame::Window FloatingPanel::settledWindow() {
             const auto seen = m_ports.windowServer.frameOf(*windowHandle());
             return seen ? std::optional(boardInside(*seen)) : std::nullopt;
           },
-          [this] { return m_dragOffset.has_value(); }, [this] { applyGeometry(); },
+          [this] { return m_dragOffset.has_value(); }, [this](const DesktopRect& frame) { askFor(frame); },
           [this](const DesktopRect& frame) { m_frame = frame; }};
 }
 

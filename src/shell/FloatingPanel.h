@@ -107,7 +107,8 @@ class FloatingPanel final : public QWidget, public TornNotes {
   [[nodiscard]] QPointF tuckPivot() const;
   [[nodiscard]] QPointF pivotFor(const DesktopRect& anchor) const;
   void setFrame(const DesktopRect& frame);
-  void applyGeometry();
+  void askFor(const DesktopRect& frame);
+  void applyGeometry() { askFor(m_frame); }
   [[nodiscard]] SettledFrame::Window settledWindow();
   /// Around the same middle as the window, whatever rim that has now.
   [[nodiscard]] DesktopRect boardInside(const DesktopRect& window) const;

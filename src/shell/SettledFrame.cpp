@@ -36,7 +36,7 @@ void SettledFrame::willShow(QWindow& window) {
   window.installEventFilter(this);
   m_shown = &window;
   m_isPlaced = false;
-  m_again = m_scheduler.after(kAskAgain, [this] { m_window.insist(); });
+  m_again = m_scheduler.after(kAskAgain, [this] { m_window.ask(m_window.wanted()); });
 }
 
 void SettledFrame::didAsk() { m_lastAsked = m_clock.mediaTime(); }
@@ -68,13 +68,21 @@ void SettledFrame::settle() {
     return;
   }
   if (!m_isPlaced && !m_shown->isExposed()) return;
-  const bool isPlacing = !std::exchange(m_isPlaced, true);
   const auto frame = m_window.real();
+  const bool isPlacing = !std::exchange(m_isPlaced, true);
   if (!frame) return;
-  // A busy window manager finds a place of its own for a new window.
-  if (!isPlacing && !isNearly(*frame, m_window.wanted())) m_window.adopt(*frame);
+  if (!isNearly(*frame, m_window.wanted())) {
+    if (isPlacing) {
+      // A busy window manager finds a place of its own for a new window. Qt, which need not have heard, would not ask for
+      // what it believes to have; and what is refused now is not to be had.
+      m_window.ask(*frame);
+      settleAfter(kSettled);
+    } else {
+      m_window.adopt(*frame);
+    }
+  }
   // Qt may believe a report that was wrong; and between scales a window lies on whole points.
-  m_window.insist();
+  m_window.ask(m_window.wanted());
 }
 
 }  // namespace tarnwick

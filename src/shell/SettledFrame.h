@@ -28,7 +28,7 @@ class SettledFrame final : public QObject {
     std::function<DesktopRect()> wanted;
     std::function<std::optional<DesktopRect>()> real;  // waits for the window system's answer
     std::function<bool()> isMoving;                    // in the user's hand or on its way
-    std::function<void()> insist;                      // asks for the wanted frame again
+    std::function<void(const DesktopRect&)> ask;       // for a frame
     std::function<void(const DesktopRect&)> adopt;
   };
 

@@ -298,9 +298,9 @@ void TornNotePanel::moveTo(DesktopPoint origin) {
   setFrame({origin.x, origin.y, m_frame.width, m_frame.height});
 }
 
-void TornNotePanel::applyGeometry() {
+void TornNotePanel::askFor(const DesktopRect& frame) {
   m_settled.didAsk();
-  const auto place = m_services.screens.space().toQt(m_frame);
+  const auto place = m_services.screens.space().toQt(frame);
   const QSize size(qRound(place.width()), qRound(place.height()));
   // Between whole scales Qt lets windows grow by two pixels only, counted from here.
   if (auto* window = windowHandle()) window->setBaseSize(size);
@@ -323,7 +323,7 @@ void TornNotePanel::geometryReported() { m_settled.reported(m_services.screens.s
 SettledFrame::Window TornNotePanel::settledWindow() {
   return {[this] { return m_frame; }, [this] { return m_ports.windowServer.frameOf(*windowHandle()); },
           [this] { return m_hosting->isDraggingWindow() || m_sizeFrames.isHeld(); },
-          [this] { applyGeometry(); },
+          [this](const DesktopRect& frame) { askFor(frame); },
           [this](const DesktopRect& frame) {
             m_frame = frame;
             userMovedWindow();

@@ -97,7 +97,8 @@ class TornNotePanel final : public QWidget, public PinnedWindow {
   void observe();
   void setUpPinning();
   void adoptPins();
-  void applyGeometry();
+  void askFor(const DesktopRect& frame);
+  void applyGeometry() { askFor(m_frame); }
   void applyToWindow();
   void refreshVisibility();
   void setAlpha(double alpha);

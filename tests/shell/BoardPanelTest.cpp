@@ -223,7 +223,7 @@ TEST_F(BoardPanel, isWhereTheWindowManagerMovedIt) {
     const auto place = screens.space().toQt(DesktopRect{corner.x, corner.y, 390, 390}).topLeft().toPoint();
     board().windowHandle()->setPosition(place - contentWidget->pos());
     QCoreApplication::processEvents();
-    pass(1s);
+    pass(700ms);
   };
   for (const bool isComposited : {true, false}) {
     screens.hasCompositor = isComposited;
@@ -233,6 +233,7 @@ TEST_F(BoardPanel, isWhereTheWindowManagerMovedIt) {
     pass(1s);
     moveTo({300, 200});
     EXPECT_EQ(board().boardFrame(), (DesktopRect{300, 200, 390, 390})) << isComposited;
+    pass(1s);
     EXPECT_EQ(time.pendingCount(), 0);
     board().orderOut();
     board().present();

@@ -402,9 +402,22 @@ TEST_F(NoteDrag, insistsOnItsPlaceWhenTheWindowManagerFindsOneForANewWindow) {
   const auto wanted = note.frame();
   windowServer.place(note.windowHandle(), {300, 310, 250, 230});
   report(note, {300, 260});
-  pass(1s);
+  pass(700ms);
   EXPECT_EQ(note.frame(), wanted);
   EXPECT_EQ(note.pos(), QPoint(930, 50));
+  windowServer.place(note.windowHandle(), wanted);
+  pass(1s);
+  EXPECT_EQ(note.frame(), wanted);
+}
+
+TEST_F(NoteDrag, isWhereTheWindowManagerWantsItWhenItInsistsToo) {
+  auto& note = torn(this->note());
+  pass(1ms);
+  windowServer.place(note.windowHandle(), {300, 310, 250, 230});  // and nothing is reported
+  pass(2s);
+  EXPECT_EQ(note.frame(), (DesktopRect{300, 310, 250, 230}));
+  EXPECT_EQ(note.pos(), QPoint(300, 260));
+  EXPECT_EQ(time.pendingCount(), 0);
 }
 
 TEST_F(NoteDrag, whoTakesItWhileItIsNewMayHaveItMovedByTheWindowManagerLater) {

@@ -27,6 +27,10 @@ bool isNearly(const DesktopRect& one, const DesktopRect& other) {
          std::abs(one.width - other.width) < kRounding && std::abs(one.height - other.height) < kRounding;
 }
 
+bool isBetweenPoints(const DesktopRect& frame) {
+  return frame.x != std::round(frame.x) || frame.y != std::round(frame.y);
+}
+
 }  // namespace
 
 SettledFrame::SettledFrame(const Clock& clock, Scheduler& scheduler, Window window)
@@ -79,9 +83,11 @@ void SettledFrame::settle() {
       settleAfter(kSettled);
     } else {
       m_window.adopt(*frame);
+      // Our windows lie on whole points. Qt rounds what it hears, and would not ask for that either.
+      if (isBetweenPoints(*frame)) m_window.ask({frame->x + 1, frame->y, frame->width, frame->height});
     }
   }
-  // Qt may believe a report that was wrong; and between scales a window lies on whole points.
+  // Qt may believe a report that was wrong.
   m_window.ask(m_window.wanted());
 }
 

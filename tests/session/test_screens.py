@@ -4,7 +4,7 @@ import struct
 
 from Xlib import X, Xatom, display
 
-from driver import wait
+from driver import wait, xdo
 from stage import expect, park, play, settled, tear_at
 
 SIDE = 390
@@ -90,7 +90,12 @@ def scaled(tarnwick, server, say, scale):
     tarnwick.drag(grip, (grip[0] - 200, grip[1] + 90))
     wait(lambda: (lambda now: now and abs(now[0] - left + 200) <= 4 and abs(now[1] - top - 90) <= 4)(agree()),
          f"{scale}: dragged by as much as the pointer")
-    there = settled(agree, "the dragged note")
+    held = settled(agree, "the dragged note")
+    # and by the window manager, to where no whole point is
+    xdo("windowmove", server.note_window(held).id, held[0] + 31, held[1] + 17)
+    wait(lambda: agree() not in (None, held), f"{scale}: moved by the window manager")
+    there = settled(agree, "the moved note")
+    expect(abs(there[0] - held[0] - 31) <= 2 and abs(there[1] - held[1] - 17) <= 2, f"{scale}: it is there, {there}")
     expect(tarnwick.quit() == 0, "it ends well")
     tarnwick.start("--background", env={"QT_SCALE_FACTOR": str(scale)})
     wait(lambda: agree() == there, f"{scale}: back at {there}")

@@ -140,10 +140,14 @@ TEST_F(AFlightIntoTheTrash, EndsInThePanelsTrashButton) {
   EXPECT_EQ(rectFromText(defaults.text(u"dockTrashFrame"_s).value_or(QString())), *button);
 }
 
-/// A plank dock at the left of the screen, with one program whose icon is a plain square, and its trash.
+/// A plank dock at the left of the screen, its icons 64 pixels large at each scale, with one program whose icon is a plain square, and its trash.
 class Plank final {
  public:
-  explicit Plank(const QString& folder) {
+  struct Setting {
+    int scale;  // of its toolkit
+    const char* zoom;
+  };
+  Plank(const QString& folder, const Setting& setting) {
     QImage square(128, 128, QImage::Format_RGB32);
     square.fill(kSquare);
     square.save(folder + u"/square.png"_s);
@@ -154,9 +158,11 @@ class Plank final {
     write(config + u"/plank/dock1/launchers/square.dockitem"_s, item + "file://" + folder.toUtf8() + "/square.desktop\n");
     write(config + u"/plank/dock1/launchers/trash.dockitem"_s, item + "docklet://trash\n");
     write(config + u"/glib-2.0/settings/keyfile"_s,
-          "[net/launchpad/plank/docks/dock1]\nicon-size=64\nposition='left'\nhide-mode='none'\n");
+          "[net/launchpad/plank/docks/dock1]\nicon-size=" + QByteArray::number(64 / setting.scale) +
+              "\nposition='left'\nhide-mode='none'\nzoom-enabled=" + setting.zoom + "\n");
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"GSETTINGS_BACKEND"_s, u"keyfile"_s);
+    environment.insert(u"GDK_SCALE"_s, QString::number(setting.scale));
     m_process.setProcessEnvironment(environment);
     m_process.start(u"plank"_s, QStringList());
   }
@@ -186,16 +192,18 @@ class Plank final {
   QProcess m_process;
 };
 
-TEST_F(AFlightIntoTheTrash, EndsInTheTrashOfPlank) {
+class AFlightIntoPlank : public AFlightIntoTheTrash, public testing::WithParamInterface<Plank::Setting> {};
+
+TEST_P(AFlightIntoPlank, EndsInItsTrash) {
   if (QStandardPaths::findExecutable(u"plank"_s).isEmpty()) GTEST_SKIP() << "no plank installed";
-  const Plank plank(folder.path());
+  const Plank plank(folder.path(), GetParam());
   QRect square;
   QRectF place;
   // Both icons are as large and stand in one column.
   EXPECT_TRUE(holdsSoon([&] {
     square = Plank::squareIn(screenshot(u"5-plank"_s));
     place = ports.screens().space().toQt(trash.axTrashFrame().value_or(DesktopRect{}));
-    return square.width() == 64 && square.height() == 64 && std::abs(place.center().x() - square.center().x()) <= 2 &&
+    return std::abs(square.width() - 63) <= 1 && std::abs(square.height() - 63) <= 1 && std::abs(place.center().x() - square.center().x()) <= 2 &&
            std::abs(place.width() - 64) <= 2 && std::abs(std::abs(place.center().y() - square.center().y()) - 80) <= 3;
   })) << "the square is " << square.left() << ',' << square.top() << ' ' << square.width() << "; the Trash "
       << place.left() << ',' << place.top() << ' ' << place.width();
@@ -206,6 +214,9 @@ TEST_F(AFlightIntoTheTrash, EndsInTheTrashOfPlank) {
   holdAt(std::chrono::milliseconds(static_cast<int>(1000 * g.landing) + 50));
   expectSinkingInto(place, u"6-plank-landing"_s);
 }
+
+INSTANTIATE_TEST_SUITE_P(Settings, AFlightIntoPlank,
+                         testing::Values(Plank::Setting{1, "false"}, Plank::Setting{2, "false"}, Plank::Setting{1, "true"}));
 
 /// With TARNWICK_FRAMES set to a folder: the flight frame by frame, 25 in a second.
 TEST_F(AFlightIntoTheTrash, CanBeLookedAtFrameByFrame) {

@@ -52,11 +52,10 @@ std::optional<ElementFacts> AtSpiAccessibility::facts(const ElementRef& element)
   if (element.service == kWindowService) return windowFacts(element.path.toUInt());
   if (element.service == kPlankService) {
     ElementFacts facts;
-    if (element.path == kPlankTrash && m_plank.trash()) {
-      facts.title = QStringLiteral("Trash");
-      facts.subrole = QStringLiteral("AXTrashDockItem");
-      facts.frame = desktopFromNative(*m_plank.trash());
-    }
+    if (element.path != kPlankTrash) return facts;
+    facts.title = QStringLiteral("Trash");
+    facts.subrole = QStringLiteral("AXTrashDockItem");
+    if (const auto icon = m_plank.trash(plankWindows())) facts.frame = desktopFromNative(*icon);
     return facts;
   }
   if (const auto* node = m_tree.node(element)) return node->facts;
@@ -75,7 +74,7 @@ std::optional<std::vector<ElementRef>> AtSpiAccessibility::children(const Elemen
 
 std::vector<ElementRef> AtSpiAccessibility::docks() const {
   std::vector<ElementRef> docks;
-  if (m_plank.trash()) docks.push_back({kPlankService, QString()});
+  if (m_plank.hasTrash()) docks.push_back({kPlankService, QString()});
   const auto& read = m_tree.reading().docks;
   docks.insert(docks.end(), read.begin(), read.end());
   m_tree.refresh();
@@ -91,6 +90,15 @@ QSet<qint64> AtSpiAccessibility::pidsOfDocks() const {
     if (const auto pid = m_clients.pidOf(window); pid > 0) pids.insert(pid);
   }
   return pids;
+}
+
+std::vector<QRect> AtSpiAccessibility::plankWindows() const {
+  std::vector<QRect> windows;
+  for (const auto window : m_x.cardinals(m_x.root(), "_NET_CLIENT_LIST")) {
+    if (m_clients.classOf(window).instance != u"plank") continue;
+    if (const auto frame = m_x.geometry(window)) windows.push_back(*frame);
+  }
+  return windows;
 }
 
 std::optional<ElementFacts> AtSpiAccessibility::windowFacts(xcb_window_t window) const {

@@ -37,6 +37,7 @@ class AtSpiAccessibility final : public Accessibility {
 
  private:
   [[nodiscard]] QSet<qint64> pidsOfDocks() const;
+  [[nodiscard]] std::vector<QRect> plankWindows() const;
   [[nodiscard]] std::optional<ElementFacts> windowFacts(xcb_window_t window) const;
 
   XcbConnection& m_x;

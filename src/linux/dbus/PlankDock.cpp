@@ -2,10 +2,12 @@
 #include "linux/dbus/PlankDock.h"
 
 #include "linux/dbus/BusCall.h"
-#include "linux/x11/NativeSpace.h"
 
 #include <QFileInfo>
 #include <QUrl>
+
+#include <algorithm>
+#include <cmath>
 
 namespace tarnwick {
 
@@ -17,36 +19,6 @@ const QString kItems = QStringLiteral("net.launchpad.plank.Items");
 const QString kTrashItem = QStringLiteral("docklet://trash");
 constexpr double kTile = 48;  // plank's own default; its setting is not on the bus
 enum DockSide { kLeftSide, kRightSide, kTopSide, kBottomSide };
-
-/// The icon under a hover position, which lies on the dock's inner edge: a theme's margins grow with its icons, so the
-/// distance to the screen's edge tells their size, within two pixels in each of plank's own themes.
-QRect tileAt(QPoint hover, int side) {
-  constexpr double kIconShare = 0.74;
-  constexpr double kMiddleShare = 0.53;
-  const QRect screen = nativeScreenAt(hover);
-  QPointF middle = hover;
-  double depth = 0;
-  switch (side) {
-    case kLeftSide:
-      depth = hover.x() - screen.left();
-      middle.setX(screen.left() + kMiddleShare * depth);
-      break;
-    case kRightSide:
-      depth = screen.left() + screen.width() - hover.x();
-      middle.setX(hover.x() + (1 - kMiddleShare) * depth);
-      break;
-    case kTopSide:
-      depth = hover.y() - screen.top();
-      middle.setY(screen.top() + kMiddleShare * depth);
-      break;
-    default:
-      depth = screen.top() + screen.height() - hover.y();
-      middle.setY(hover.y() + (1 - kMiddleShare) * depth);
-      break;
-  }
-  const double edge = kIconShare * depth;
-  return QRectF(middle.x() - edge / 2, middle.y() - edge / 2, edge, edge).toRect();
-}
 
 }  // namespace
 
@@ -79,9 +51,44 @@ void PlankDock::refresh() {
   ask(QStringLiteral("GetHoverPosition"), {kTrashItem}, [this](const QVariantList& values) {
     m_trash.reset();
     if (values.size() >= 4 && values[3].toBool()) {
-      m_trash = tileAt({values[0].toInt(), values[1].toInt()}, values[2].toInt());
+      m_trash = Hover{{values[0].toInt(), values[1].toInt()}, values[2].toInt()};
     }
   });
+}
+
+std::optional<QRect> PlankDock::trash(const std::vector<QRect>& windows) const {
+  if (!m_trash) return std::nullopt;
+  const auto& [hover, side] = *m_trash;
+  const bool isUpright = side == kLeftSide || side == kRightSide;
+  const auto dock = std::ranges::find_if(
+      windows, [&](const QRect& window) { return (window.height() > window.width()) == isUpright; });
+  if (dock == windows.end()) return std::nullopt;
+
+  // Shares of plank's own themes, within two pixels at the usual size: an icon of its window, room for zooming included,
+  // and of the icon how deep its middle lies.
+  constexpr double kWindowOfIcon = 2.93;
+  constexpr double kMiddleOfIcon = 0.72;
+  const double edge = (isUpright ? dock->width() : dock->height()) / kWindowOfIcon;
+  const bool isFarSide = side == kRightSide || side == kBottomSide;
+  const int rim = isUpright ? (isFarSide ? dock->x() + dock->width() : dock->x())
+                            : (isFarSide ? dock->y() + dock->height() : dock->y());
+
+  // Its toolkit's pixels are larger on a desktop that is drawn larger. A hover position lies above its icon, and higher
+  // where icons zoom: only the right scale brings it there.
+  constexpr double kLeastHeight = 1.2;
+  constexpr double kMostHeight = 2.5;
+  constexpr int kLargestScale = 4;
+  int scale = 1;
+  for (int tried = 1; tried <= kLargestScale; ++tried) {
+    const double height = std::abs(rim - tried * (isUpright ? hover.x() : hover.y()));
+    if (height < kLeastHeight * edge || height > kMostHeight * edge) continue;
+    scale = tried;
+    break;
+  }
+  const double across = rim + (isFarSide ? -1 : 1) * kMiddleOfIcon * edge;
+  const double along = scale * (isUpright ? hover.y() : hover.x());
+  const QPointF middle = isUpright ? QPointF(across, along) : QPointF(along, across);
+  return QRectF(middle.x() - edge / 2, middle.y() - edge / 2, edge, edge).toRect();
 }
 
 void PlankDock::ask(const QString& method, const QVariantList& arguments, std::function<void(const QVariantList&)> answer) {

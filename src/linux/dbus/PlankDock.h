@@ -6,11 +6,13 @@
 
 #include <QDBusMessage>
 #include <QObject>
+#include <QPoint>
 #include <QRect>
 #include <QStringList>
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace tarnwick {
 
@@ -20,8 +22,9 @@ class PlankDock final : public QObject {
   PlankDock();
 
   [[nodiscard]] const DockState& state() const { return m_state; }
-  /// Device pixels; nothing without a trash in the dock.
-  [[nodiscard]] std::optional<QRect> trash() const { return m_trash; }
+  [[nodiscard]] bool hasTrash() const { return m_trash.has_value(); }
+  /// Where the icon of its trash is, in device pixels; `windows`: plank's own, in the same. They tell how large it is.
+  [[nodiscard]] std::optional<QRect> trash(const std::vector<QRect>& windows) const;
 
  public Q_SLOTS:
   /// Asks anew; without a dock nothing changes.
@@ -35,7 +38,11 @@ class PlankDock final : public QObject {
   void forget();
 
   DockState m_state;
-  std::optional<QRect> m_trash;
+  struct Hover {
+    QPoint point;
+    int side = 0;
+  };
+  std::optional<Hover> m_trash;
 };
 
 class PlankDockPreferences final : public DockPreferences {

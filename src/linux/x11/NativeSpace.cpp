@@ -42,9 +42,4 @@ DesktopPoint desktopFromNative(QPoint native) {
   return presentSpace().fromQt(scaled(*screen, native));
 }
 
-QRect nativeScreenAt(QPoint native) {
-  const auto* screen = screenAt(native);
-  return screen ? nativeGeometry(*screen) : QRect();
-}
-
 }  // namespace tarnwick

@@ -12,7 +12,5 @@ namespace tarnwick {
 /// Rectangle of the X server's pixels in desktop coordinates; the monitor that holds its centre sets the scale.
 [[nodiscard]] DesktopRect desktopFromNative(const QRect& native);
 [[nodiscard]] DesktopPoint desktopFromNative(QPoint native);
-/// The monitor that holds a pixel of the X server, else the primary one, in such pixels.
-[[nodiscard]] QRect nativeScreenAt(QPoint native);
 
 }  // namespace tarnwick

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace tarnwick {
 
@@ -19,62 +20,72 @@ PixmapCache& cache() {
   return kept;
 }
 
-// The mean of a window as a multiplication: 16 bits of fraction.
-struct Mean {
-  explicit Mean(int radius) : window(2 * radius + 1), share((1U << 16U) / static_cast<quint32>(window) + 1) {}
-  [[nodiscard]] uchar of(int sum) const {
-    return static_cast<uchar>(std::min((static_cast<quint32>(sum) * share) >> 16U, 255U));
-  }
-  int window;
-  quint32 share;
+/// Alpha values in columns of whole chunks, so that the compiler works on a chunk at a time.
+struct Columns {
+  static constexpr int kChunk = 16;
+
+  Columns(int columns, int rows)
+      : width(columns), height(rows), stride((columns + kChunk - 1) / kChunk * kChunk),
+        values(static_cast<size_t>(stride) * static_cast<size_t>(rows)) {}
+  [[nodiscard]] uchar* row(int y) { return values.data() + static_cast<size_t>(y) * static_cast<size_t>(stride); }
+  [[nodiscard]] const uchar* row(int y) const { return values.data() + static_cast<size_t>(y) * static_cast<size_t>(stride); }
+
+  int width;
+  int height;
+  int stride;
+  std::vector<uchar> values;
 };
 
-void blurRows(const QImage& from, QImage& to, int radius) {
-  const Mean mean(radius);
-  const int width = from.width();
-  for (int y = 0; y < from.height(); ++y) {
-    const uchar* source = from.constScanLine(y);
-    uchar* target = to.scanLine(y);
-    int sum = mean.window / 2;
-    for (int x = 0; x < std::min(radius, width); ++x) {
-      sum += source[x];
-    }
-    for (int x = 0; x < width; ++x) {
-      sum += x + radius < width ? source[x + radius] : 0;
-      target[x] = mean.of(sum);
-      sum -= x >= radius ? source[x - radius] : 0;
+// Each column's moving mean, all columns at once. Sums and shares fit 16 bits up to this radius.
+constexpr int kLargestRadius = 63;
+
+void blurColumns(const Columns& from, Columns& to, int radius) {
+  constexpr int kChunk = Columns::kChunk;
+  const int window = 2 * radius + 1;
+  const auto share = static_cast<quint16>((1U << 16U) / static_cast<quint32>(window) + 1);
+  std::vector<quint16> sums(static_cast<size_t>(from.stride), static_cast<quint16>(window / 2));
+  for (int y = 0; y < std::min(radius, from.height); ++y) {
+    std::transform(sums.begin(), sums.end(), from.row(y), sums.begin(),
+                   [](quint16 sum, uchar added) { return static_cast<quint16>(sum + added); });
+  }
+  const std::vector<uchar> none(static_cast<size_t>(from.stride));
+  for (int y = 0; y < from.height; ++y) {
+    const uchar* added = y + radius < from.height ? from.row(y + radius) : none.data();
+    const uchar* gone = y >= radius ? from.row(y - radius) : none.data();
+    uchar* mean = to.row(y);
+    for (int chunk = 0; chunk < from.stride; chunk += kChunk) {
+      // By way of locals: what is written might else be what is read next.
+      quint16* sum = sums.data() + chunk;
+      std::array<quint16, kChunk> with{};
+      std::array<quint16, kChunk> without{};
+      for (size_t i = 0; i < kChunk; ++i) with[i] = static_cast<quint16>(sum[i] + added[static_cast<size_t>(chunk) + i]);
+      for (size_t i = 0; i < kChunk; ++i) without[i] = static_cast<quint16>(with[i] - gone[static_cast<size_t>(chunk) + i]);
+      for (size_t i = 0; i < kChunk; ++i) sum[i] = without[i];
+      for (size_t i = 0; i < kChunk; ++i) {
+        mean[static_cast<size_t>(chunk) + i] = static_cast<uchar>((static_cast<quint32>(with[i]) * share) >> 16U);
+      }
     }
   }
 }
 
-// All columns at once, row by row: the memory is walked in its order.
-void blurColumns(const QImage& from, QImage& to, int radius) {
-  const Mean mean(radius);
-  const int width = from.width();
-  const int height = from.height();
-  std::vector<int> sums(static_cast<size_t>(width), mean.window / 2);
-  const auto add = [&](int y, int sign) {
-    if (y < 0 || y >= height) {
-      return;
+Columns blurredColumns(Columns values, int radius) {
+  Columns between(values.width, values.height);
+  blurColumns(values, between, radius);
+  blurColumns(between, values, radius);
+  blurColumns(values, between, radius);
+  return between;
+}
+
+Columns transposed(const Columns& values) {
+  Columns turned(values.height, values.width);
+  constexpr int kBlock = 32;  // what stays in the cache
+  for (int top = 0; top < values.height; top += kBlock) {
+    for (int x = 0; x < values.width; ++x) {
+      uchar* target = turned.row(x);
+      for (int y = top; y < std::min(top + kBlock, values.height); ++y) target[y] = values.row(y)[x];
     }
-    const uchar* source = from.constScanLine(y);
-    int* sum = sums.data();
-    for (int x = 0; x < width; ++x) {
-      sum[x] += sign * source[x];
-    }
-  };
-  for (int y = 0; y < radius; ++y) {
-    add(y, 1);
   }
-  for (int y = 0; y < height; ++y) {
-    add(y + radius, 1);
-    uchar* target = to.scanLine(y);
-    const int* sum = sums.data();
-    for (int x = 0; x < width; ++x) {
-      target[x] = mean.of(sum[x]);
-    }
-    add(y - radius, -1);
-  }
+  return turned;
 }
 
 QRectF spread(const std::vector<ShadowLayer>& layers) {
@@ -137,15 +148,14 @@ void paintKept(QPainter& painter, const QString& key, const QPointF& at, const s
 }  // namespace
 
 QImage boxBlurred(QImage alpha, double sigma) {
-  const int radius = static_cast<int>(std::lround((std::sqrt(4 * sigma * sigma + 1) - 1) / 2));
+  const int radius = std::min(static_cast<int>(std::lround((std::sqrt(4 * sigma * sigma + 1) - 1) / 2)), kLargestRadius);
   if (radius < 1 || alpha.isNull()) {
     return alpha;
   }
-  QImage between(alpha.size(), QImage::Format_Alpha8);
-  for (int pass = 0; pass < 3; ++pass) {
-    blurRows(alpha, between, radius);
-    blurColumns(between, alpha, radius);
-  }
+  Columns values(alpha.width(), alpha.height());
+  for (int y = 0; y < alpha.height(); ++y) std::copy_n(alpha.constScanLine(y), alpha.width(), values.row(y));
+  values = transposed(blurredColumns(transposed(blurredColumns(std::move(values), radius)), radius));
+  for (int y = 0; y < alpha.height(); ++y) std::copy_n(values.row(y), alpha.width(), alpha.scanLine(y));
   return alpha;
 }
 

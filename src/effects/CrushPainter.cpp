@@ -4,6 +4,7 @@
 #include "effects/SoftShadow.h"
 #include "effects/Tokens.h"
 #include "effects/WadArt.h"
+#include "model/Color.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -17,6 +18,8 @@ namespace {
 
 constexpr double kSheetSigma = 6;
 constexpr double kBallSigma = 5;
+constexpr double kHairline = 0.5;
+constexpr double kHairlineAlpha = 0.12;
 
 QRectF centred(double width, double height) { return {-width / 2, -height / 2, width, height}; }
 
@@ -32,13 +35,41 @@ void place(QPainter& painter, QPointF centre, const LayerTransform& transform) {
   painter.scale(transform.scaleX, transform.scaleY);
 }
 
+/// With the sheet's hairline, without what lies outside its round corners.
+QImage roundedPicture(const QImage& picture, const QSizeF& sheet, double radius) {
+  QImage rounded(picture.size(), QImage::Format_ARGB32_Premultiplied);
+  rounded.fill(Qt::transparent);
+  QPainter painter(&rounded);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(Qt::black);
+  painter.scale(picture.width() / sheet.width(), picture.height() / sheet.height());
+  painter.drawRoundedRect(QRectF({0, 0}, sheet), radius, radius);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+  painter.resetTransform();
+  painter.drawImage(rounded.rect(), picture, picture.rect());
+  painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+  painter.scale(picture.width() / sheet.width(), picture.height() / sheet.height());
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(tokens::faded(Qt::black, kHairlineAlpha), kHairline));
+  constexpr double kIn = kHairline / 2;
+  painter.drawRoundedRect(QRectF({0, 0}, sheet).adjusted(kIn, kIn, -kIn, -kIn), radius, radius);
+  return rounded;
+}
+
+/// Draws what is transparent at its edges: smoothing those would double the price.
+void drawSoft(QPainter& painter, const QRectF& place, const QImage& image) {
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.drawImage(place, image);
+  painter.setRenderHint(QPainter::Antialiasing);
+}
+
 bool isGroup(CrushLayerKind kind) { return kind == CrushLayerKind::Sheet || kind == CrushLayerKind::Ball; }
 
 }  // namespace
 
 CrushPainter::CrushPainter(CrushPlan plan, DesktopSize stage, const QImage& picture, double scale)
-    : m_plan(std::move(plan)), m_stage(stage), m_picture(picture), m_scale(scale) {
-  m_picture.setDevicePixelRatio(1);
+    : m_plan(std::move(plan)), m_stage(stage), m_scale(scale) {
   // On whole device pixels: an edge that is cut the same way whatever else clips the painter.
   const auto rim = toStagePixels(m_plan.hidden);
   const auto snapped = [scale](double edge) { return std::round(edge * scale) / scale; };
@@ -51,25 +82,36 @@ CrushPainter::CrushPainter(CrushPlan plan, DesktopSize stage, const QImage& pict
                                       [&](QPainter& into) { into.drawImage(body, m_ball); });
       m_ballShadow = tinted(alpha, tokens::black(0.35), scale);
     } else if (layer.kind == CrushLayerKind::Sheet) {
-      prepareSheetShadows(layer, body);
+      prepareSheet(layer, body, picture);
     }
   }
 }
 
-void CrushPainter::prepareSheetShadows(const CrushLayer& sheet, const QRectF& body) {
+void CrushPainter::prepareSheet(const CrushLayer& sheet, const QRectF& body, const QImage& picture) {
   constexpr int kSteps = 6;
+  const auto& radii = sheet.cornerRadius;
   const double first = sheet.rest.cornerRadius;
-  const double last = sheet.cornerRadius.isEmpty() ? first : sheet.cornerRadius.values.back();
+  const double last = radii.isEmpty() ? first : radii.values.back();
+  const auto& fade = m_plan.pictureOpacity;
+  const double seen = picture.isNull() || fade.isEmpty() || radii.isEmpty() ? first : radii.sample(fade.begin + fade.duration);
   const double scale = m_scale / 2;  // a blur has no detail to lose
   for (int step = 0; step <= kSteps; ++step) {
     const double radius = between(first, last, static_cast<double>(step) / kSteps);
     const auto alpha = blurredAlpha(spread(body, kSheetSigma), scale, kSheetSigma, [&](QPainter& into) {
-      QPainterPath path;
-      path.addRoundedRect(body, radius, radius);
-      into.fillPath(path, Qt::black);
+      into.setPen(Qt::NoPen);
+      into.setBrush(Qt::black);
+      into.drawRoundedRect(body, radius, radius);
     });
-    m_sheetShadows.push_back({radius, tinted(alpha, tokens::black(0.28), scale)});
+    const bool hasPicture = !picture.isNull() && (m_sheets.empty() || m_sheets.back().radius < seen);
+    m_sheets.push_back({radius, tinted(alpha, tokens::black(0.28), scale),
+                        hasPicture ? roundedPicture(picture, body.size(), radius) : QImage()});
   }
+}
+
+const CrushPainter::Rounded& CrushPainter::roundedFor(double radius) const {
+  const auto rounder = std::find_if(m_sheets.begin(), m_sheets.end(),
+                                    [&](const auto& sheet) { return sheet.radius >= radius - 1e-6; });
+  return rounder == m_sheets.end() ? m_sheets.back() : *rounder;
 }
 
 QRectF CrushPainter::toStagePixels(const DesktopRect& rect) const {
@@ -152,27 +194,20 @@ void CrushPainter::paintLayer(QPainter& painter, const CrushLayer& layer, const 
 void CrushPainter::drawSheet(QPainter& painter, const CrushLayer& layer, const CrushLayerState& state,
                              double pictureOpacity) const {
   const auto body = centred(layer.size.width, layer.size.height);
-  // The next rounder one: a shadow sharper than its sheet would show at the corners.
-  const auto rounder = std::find_if(m_sheetShadows.begin(), m_sheetShadows.end(),
-                                    [&](const auto& shadow) { return shadow.radius >= state.cornerRadius - 1e-6; });
-  const auto& shadow = rounder == m_sheetShadows.end() ? m_sheetShadows.back() : *rounder;
-  painter.drawImage(spread(body, kSheetSigma).translated(0, 6), shadow.image);
+  const auto& rounded = roundedFor(state.cornerRadius);
+  drawSoft(painter, spread(body, kSheetSigma).translated(0, 6), rounded.shadow);
+  // The hairline is what a slightly larger sheet leaves of itself: a stroke of that width costs four times as much.
   painter.setPen(Qt::NoPen);
-  painter.setBrush(layer.color);
+  painter.setBrush(Color::blend(layer.color, Qt::black, kHairlineAlpha));
   painter.drawRoundedRect(body, state.cornerRadius, state.cornerRadius);
-  if (!m_picture.isNull() && pictureOpacity > 0) {
-    // As a brush and not as an image: the sheet's round corners stay smooth.
-    QBrush brush(m_picture);
-    brush.setTransform(QTransform::fromTranslate(body.left(), body.top())
-                           .scale(body.width() / m_picture.width(), body.height() / m_picture.height()));
+  painter.setBrush(layer.color);
+  const double inner = std::max(0.0, state.cornerRadius - kHairline);
+  painter.drawRoundedRect(body.adjusted(kHairline, kHairline, -kHairline, -kHairline), inner, inner);
+  if (!rounded.picture.isNull() && pictureOpacity > 0) {
     painter.setOpacity(pictureOpacity);
-    painter.setBrush(brush);
-    painter.drawRoundedRect(body, state.cornerRadius, state.cornerRadius);
+    drawSoft(painter, body, rounded.picture);
     painter.setOpacity(1);
   }
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(tokens::black(0.12), 0.5));
-  painter.drawRoundedRect(body.adjusted(0.25, 0.25, -0.25, -0.25), state.cornerRadius, state.cornerRadius);
 }
 
 void CrushPainter::drawBall(QPainter& painter, const CrushLayerState& state) const {
@@ -182,10 +217,10 @@ void CrushPainter::drawBall(QPainter& painter, const CrushLayerState& state) con
   // The shadow turns with the ball but falls straight down.
   painter.translate(0, 3);
   painter.rotate(degrees);
-  painter.drawImage(spread(body, kBallSigma), m_ballShadow);
+  drawSoft(painter, spread(body, kBallSigma), m_ballShadow);
   painter.restore();
   painter.rotate(degrees);
-  painter.drawImage(body, m_ball);
+  drawSoft(painter, body, m_ball);
 }
 
 }  // namespace tarnwick

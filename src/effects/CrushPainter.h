@@ -30,21 +30,23 @@ class CrushPainter final {
   /// The layer's own drawing about its centre, y down, at full opacity.
   void drawSheet(QPainter& painter, const CrushLayer& layer, const CrushLayerState& state, double pictureOpacity) const;
   void drawBall(QPainter& painter, const CrushLayerState& state) const;
-  void prepareSheetShadows(const CrushLayer& sheet, const QRectF& body);
+  struct Rounded {
+    double radius;
+    QImage shadow;
+    QImage picture;  // null once it has faded
+  };
+  void prepareSheet(const CrushLayer& sheet, const QRectF& body, const QImage& picture);
+  /// The next rounder one: a shadow or a picture sharper than its sheet would show at the corners.
+  [[nodiscard]] const Rounded& roundedFor(double radius) const;
   [[nodiscard]] QRectF toStagePixels(const DesktopRect& rect) const;
 
   CrushPlan m_plan;
   DesktopSize m_stage;
-  QImage m_picture;
   double m_scale;
   QRectF m_hidden;
   QImage m_ball;
   QImage m_ballShadow;
-  struct RoundedShadow {
-    double radius;
-    QImage image;
-  };
-  std::vector<RoundedShadow> m_sheetShadows;  // the sheet grows rounder as it crumples; by radius
+  std::vector<Rounded> m_sheets;  // the sheet grows rounder as it crumples; by radius
 };
 
 }  // namespace tarnwick

@@ -130,6 +130,12 @@ double shadowReach(CrushLayerKind kind) {
   }
 }
 
+DesktopRect united(const DesktopRect& one, const DesktopRect& other) {
+  const double x = std::min(one.minX(), other.minX());
+  const double y = std::min(one.minY(), other.minY());
+  return {x, y, std::max(one.maxX(), other.maxX()) - x, std::max(one.maxY(), other.maxY()) - y};
+}
+
 }  // namespace
 
 CrushLayerState CrushLayer::stateAt(double mediaTime) const {
@@ -203,8 +209,14 @@ std::vector<DesktopRect> movedBounds(const CrushPlan& plan, const CrushFrame& fr
     const auto& layer = plan.layers[i];
     const bool isRepainted = layer.kind == CrushLayerKind::Sheet && from.pictureOpacity != to.pictureOpacity;
     if (from.layers[i] == to.layers[i] && !isRepainted) continue;
-    for (const auto& bounds : {layer.boundsIn(from.layers[i]), layer.boundsIn(to.layers[i])}) {
-      if (!bounds.isEmpty()) moved.push_back(bounds);
+    const auto before = layer.boundsIn(from.layers[i]);
+    const auto after = layer.boundsIn(to.layers[i]);
+    if (before.intersects(after)) {
+      moved.push_back(united(before, after));
+    } else {
+      for (const auto& bounds : {before, after}) {
+        if (!bounds.isEmpty()) moved.push_back(bounds);
+      }
     }
   }
   return moved;

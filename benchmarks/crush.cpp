@@ -25,6 +25,7 @@
 #include <QPainter>
 #include <QTemporaryDir>
 
+#include <cmath>
 #include <cstdio>
 #include <functional>
 #include <vector>
@@ -42,7 +43,7 @@ using figures::timed;
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
 constexpr double kFrame = 1000.0 / 60;
-constexpr int kRuns = 5;
+constexpr int kRuns = 7;
 
 double processorTime() {
   rusage usage{};
@@ -199,35 +200,34 @@ void measureFlights(LinuxPorts& ports, Stage& stage) {
   std::vector<double> gaps;
   std::vector<double> starts;
   std::vector<double> costs;
-  for (int run = 0; run < kRuns; ++run) {
+  std::vector<double> bareGaps;
+  std::vector<double> bareCosts;
+  const auto keepGaps = [&](std::vector<double>& kept) {
+    for (std::size_t i = 1; i < watch.moments.size(); ++i) kept.push_back(watch.moments[i] - watch.moments[i - 1]);
     watch.moments.clear();
+    stage.wait(100ms);
+  };
+  for (int run = 0; run < kRuns; ++run) {  // in turns: the processor's pace changes
     QEventLoop loop;
-    const double before = processorTime();
+    double before = processorTime();
     const double asked = stage.now();
     const auto flight =
         animator.play({150, 300, 250, 200}, QColor(0xFF, 0xE1, 0x69), picture, Motion::Full, [&] { loop.quit(); });
     loop.exec();
     costs.push_back(processorTime() - before);
-    if (watch.moments.empty()) continue;
-    starts.push_back(watch.moments.front() - asked);
-    for (std::size_t i = 1; i < watch.moments.size(); ++i) gaps.push_back(watch.moments[i] - watch.moments[i - 1]);
-    stage.wait(100ms);
-  }
-  std::vector<double> bareGaps;
-  std::vector<double> bareCosts;
-  for (int run = 0; run < kRuns; ++run) {
-    watch.moments.clear();
-    const double before = processorTime();
+    const auto lasted = std::chrono::milliseconds(std::lround(stage.now() - asked));
+    if (!watch.moments.empty()) starts.push_back(watch.moments.front() - asked);
+    keepGaps(gaps);
+    before = processorTime();
     {
       BareFlight bare(ports.screens().space().toQt(screen.frame).toAlignedRect());
       bare.show();
       int number = 0;
       const auto frames = ports.scheduler().frames([&](auto) { bare.step(++number); });
-      stage.wait(1400ms);  // as long as the flight
+      stage.wait(lasted);
     }
     bareCosts.push_back(processorTime() - before);
-    for (std::size_t i = 1; i < watch.moments.size(); ++i) bareGaps.push_back(watch.moments[i] - watch.moments[i - 1]);
-    stage.wait(100ms);
+    keepGaps(bareGaps);
   }
   qApp->removeEventFilter(&watch);
   // On a machine that cannot even move the bare pictures in time, the flight says nothing.

@@ -7,7 +7,6 @@
 #include "model/Color.h"
 
 #include <QPainter>
-#include <QPainterPath>
 
 #include <algorithm>
 #include <cmath>
@@ -64,6 +63,28 @@ void drawSoft(QPainter& painter, const QRectF& place, const QImage& image) {
   painter.setRenderHint(QPainter::Antialiasing);
 }
 
+/// Draws a shadow without the part that its sheet will cover in any case.
+void drawAround(QPainter& painter, const QRectF& place, const QImage& shadow, const QRectF& sheet, double radius) {
+  const double in = radius * (1 - M_SQRT1_2) + 1;  // where the corner's arc is nearest to the middle
+  const QRectF covered = sheet.adjusted(in, in, -in, -in);
+  if (covered.isEmpty()) {
+    drawSoft(painter, place, shadow);
+    return;
+  }
+  const QSizeF detail(shadow.width() / place.width(), shadow.height() / place.height());
+  const QRectF sides[] = {{place.topLeft(), QPointF(place.right(), covered.top())},
+                          {QPointF(place.left(), covered.bottom()), place.bottomRight()},
+                          {QPointF(place.left(), covered.top()), covered.bottomLeft()},
+                          {covered.topRight(), QPointF(place.right(), covered.bottom())}};
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  for (const auto& side : sides) {
+    const auto from = side.translated(-place.topLeft());
+    painter.drawImage(side, shadow, {from.x() * detail.width(), from.y() * detail.height(), from.width() * detail.width(),
+                                     from.height() * detail.height()});
+  }
+  painter.setRenderHint(QPainter::Antialiasing);
+}
+
 bool isGroup(CrushLayerKind kind) { return kind == CrushLayerKind::Sheet || kind == CrushLayerKind::Ball; }
 
 }  // namespace
@@ -74,6 +95,10 @@ CrushPainter::CrushPainter(CrushPlan plan, DesktopSize stage, const QImage& pict
   const auto rim = toStagePixels(m_plan.hidden);
   const auto snapped = [scale](double edge) { return std::round(edge * scale) / scale; };
   m_hidden = QRectF(QPointF(snapped(rim.left()), snapped(rim.top())), QPointF(snapped(rim.right()), snapped(rim.bottom())));
+  QPainterPath hidden;
+  hidden.addRect(m_hidden);
+  m_seen.addRect(QRectF(0, 0, m_stage.width, m_stage.height));
+  m_seen = m_seen.subtracted(hidden);
   for (const auto& layer : m_plan.layers) {
     const auto body = centred(layer.size.width, layer.size.height);
     if (layer.kind == CrushLayerKind::Ball) {
@@ -88,12 +113,12 @@ CrushPainter::CrushPainter(CrushPlan plan, DesktopSize stage, const QImage& pict
 }
 
 void CrushPainter::prepareSheet(const CrushLayer& sheet, const QRectF& body, const QImage& picture) {
-  constexpr int kSteps = 6;
+  constexpr int kSteps = 4;
   const auto& radii = sheet.cornerRadius;
   const double first = sheet.rest.cornerRadius;
   const double last = radii.isEmpty() ? first : radii.values.back();
   const auto& fade = m_plan.pictureOpacity;
-  const double seen = picture.isNull() || fade.isEmpty() || radii.isEmpty() ? first : radii.sample(fade.begin + fade.duration);
+  const double seen = fade.isEmpty() || radii.isEmpty() ? first : radii.sample(fade.begin + fade.duration);
   const double scale = m_scale / 2;  // a blur has no detail to lose
   for (int step = 0; step <= kSteps; ++step) {
     const double radius = between(first, last, static_cast<double>(step) / kSteps);
@@ -102,10 +127,13 @@ void CrushPainter::prepareSheet(const CrushLayer& sheet, const QRectF& body, con
       into.setBrush(Qt::black);
       into.drawRoundedRect(body, radius, radius);
     });
-    const bool hasPicture = !picture.isNull() && (m_sheets.empty() || m_sheets.back().radius < seen);
-    m_sheets.push_back({radius, tinted(alpha, tokens::black(0.28), scale),
-                        hasPicture ? roundedPicture(picture, body.size(), radius) : QImage()});
+    m_sheets.push_back({radius, tinted(alpha, tokens::black(0.28), scale), {}});
   }
+  if (picture.isNull()) return;
+  // Half of it has faded before the corners grow: from then on one serves that is round enough for the end of it.
+  m_sheets.front().picture = roundedPicture(picture, body.size(), first);
+  const auto faded = roundedPicture(picture, body.size(), roundedFor(seen).radius);
+  for (std::size_t i = 1; i < m_sheets.size() && m_sheets[i - 1].radius < seen; ++i) m_sheets[i].picture = faded;
 }
 
 const CrushPainter::Rounded& CrushPainter::roundedFor(double radius) const {
@@ -152,11 +180,7 @@ void CrushPainter::paintLayer(QPainter& painter, const CrushLayer& layer, const 
   painter.save();
   // Clipping to a path costs more than the ball itself: only while it is at the rim.
   if (layer.kind == CrushLayerKind::Ball && toStagePixels(layer.boundsIn(state)).intersects(m_hidden)) {
-    QPainterPath seen;
-    seen.addRect(QRectF(0, 0, m_stage.width, m_stage.height));
-    QPainterPath rim;
-    rim.addRect(m_hidden);
-    painter.setClipPath(seen.subtracted(rim), Qt::IntersectClip);
+    painter.setClipPath(m_seen, Qt::IntersectClip);
   }
   if (isGroup(layer.kind) && state.opacity < 1) {
     // Faded as one picture: the shadow must not shine through its own paper.
@@ -195,7 +219,7 @@ void CrushPainter::drawSheet(QPainter& painter, const CrushLayer& layer, const C
                              double pictureOpacity) const {
   const auto body = centred(layer.size.width, layer.size.height);
   const auto& rounded = roundedFor(state.cornerRadius);
-  drawSoft(painter, spread(body, kSheetSigma).translated(0, 6), rounded.shadow);
+  drawAround(painter, spread(body, kSheetSigma).translated(0, 6), rounded.shadow, body, state.cornerRadius);
   // The hairline is what a slightly larger sheet leaves of itself: a stroke of that width costs four times as much.
   painter.setPen(Qt::NoPen);
   painter.setBrush(Color::blend(layer.color, Qt::black, kHairlineAlpha));

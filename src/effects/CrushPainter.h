@@ -5,6 +5,7 @@
 #include "effects/CrushPlan.h"
 
 #include <QImage>
+#include <QPainterPath>
 #include <QRectF>
 #include <QRegion>
 
@@ -44,6 +45,7 @@ class CrushPainter final {
   DesktopSize m_stage;
   double m_scale;
   QRectF m_hidden;
+  QPainterPath m_seen;  // all of the stage but what the Trash hides
   QImage m_ball;
   QImage m_ballShadow;
   std::vector<Rounded> m_sheets;  // the sheet grows rounder as it crumples; by radius

@@ -4,6 +4,7 @@
 
 #include "effects/BoardSurfaceView.h"
 #include "effects/PixmapCache.h"
+#include "effects/SoftShadow.h"
 #include "effects/Tokens.h"
 #include "model/Color.h"
 #include "platform/Clock.h"
@@ -13,15 +14,37 @@
 #include <QPainterPath>
 
 #include <cmath>
+#include <functional>
 #include <numbers>
 
 namespace tarnwick {
 namespace {
 
-bool touchesCorner(const QRectF& rect, const QRectF& box, double radius) {
+/// Paints what lies within a box with round corners. Clipping to a path is dear: that is done for the corners' rows alone,
+/// and only for what reaches into a corner.
+void paintRounded(QPainter& painter, const QRectF& rect, const QRect& box, int radius, const std::function<void()>& paint) {
+  const auto within = [&](const QRect& band, const QPainterPath& path) {
+    if (!rect.intersects(band)) return;
+    painter.save();
+    painter.setClipRect(band, Qt::IntersectClip);
+    if (!path.isEmpty()) painter.setClipPath(path, Qt::IntersectClip);
+    paint();
+    painter.restore();
+  };
   const bool isAtSide = rect.left() < box.left() + radius || rect.right() > box.right() - radius;
   const bool isAtEnd = rect.top() < box.top() + radius || rect.bottom() > box.bottom() - radius;
-  return isAtSide && isAtEnd;
+  if (!isAtSide || !isAtEnd) {
+    within(box, {});
+    return;
+  }
+  const auto cap = [&](int top, double above, double below) {
+    // One row more than is seen, so that no straight edge of the path fades.
+    const QRect band(box.left(), top, box.width(), radius);
+    within(band, roundedBox(QRectF(band).adjusted(0, above > 0 ? 0 : -1, 0, below > 0 ? 0 : 1), above, below));
+  };
+  cap(box.top(), radius, 0);
+  within(box.adjusted(0, radius, 0, -radius), {});
+  cap(box.bottom() + 1 - radius, 0, radius);
 }
 
 }  // namespace
@@ -31,9 +54,7 @@ void NoteWall::paintEvent(QPaintEvent* event) {
   painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
   painter.setLayoutDirection(layoutDirection());
   const QRect board = QRect(-pos(), parentWidget() ? parentWidget()->size() : size()).adjusted(1, 1, -1, -1);
-  constexpr double kRadius = BoardSurfaceView::kRadius - 1;
-  QPainterPath rounded;
-  rounded.addRoundedRect(board, kRadius, kRadius);
+  constexpr int kRadius = static_cast<int>(BoardSurfaceView::kRadius) - 1;
   painter.setClipRect(board & event->rect());
 
   if (m_notes.empty() && !m_emptyText.isEmpty()) {
@@ -52,23 +73,17 @@ void NoteWall::paintEvent(QPaintEvent* event) {
       if (!rect.intersects(event->rect())) continue;
       const QUuid& id = m_notes[static_cast<std::size_t>(i)]->id();
       if (isLifted(id) != (pass == 1)) continue;  // what is lifted lies over its neighbours
-      painter.save();
-      // Clipping to a path is dear: only where the board is round.
-      if (touchesCorner(rect, board, kRadius)) painter.setClipPath(rounded, Qt::IntersectClip);
-      paintCard(painter, i, *card(id), now);
-      painter.restore();
+      paintRounded(painter, rect, board, kRadius, [&] { paintCard(painter, i, *card(id), now); });
     }
   }
   if (first <= last) updateBreath();
 
   if (m_offset > 0.5) {
-    painter.save();
-    painter.setClipPath(rounded, Qt::IntersectClip);
     QLinearGradient shade(0, 0, 0, 10);
     shade.setColorAt(0, tokens::black(0.30 * std::min(1.0, m_offset / 10)));
     shade.setColorAt(1, tokens::black(0));
-    painter.fillRect(QRectF(0, 0, width(), 10), shade);
-    painter.restore();
+    const QRectF under(0, 0, width(), 10);
+    paintRounded(painter, under, board, kRadius, [&] { painter.fillRect(under, shade); });
   }
   if (maxOffset() > 0 && m_hasPointer) {
     const double room = height() - m_bottomInset - 24;

@@ -88,7 +88,7 @@ OtherWindows& LinuxPorts::otherWindows() {
 }
 
 PlankDock& LinuxPorts::plank() {
-  return lazily(m_plank, [] { return std::make_unique<PlankDock>(); });
+  return lazily(m_plank, [this] { return std::make_unique<PlankDock>(scheduler()); });
 }
 
 Accessibility& LinuxPorts::accessibility() {

@@ -24,18 +24,23 @@ class PulsePlayer final : public AudioPlayer {
 
 }  // namespace
 
-PulseAudio::PulseAudio() : m_server(std::make_shared<PulseServer>()) {}
+PulseAudio::PulseAudio() = default;
 
 PulseAudio::~PulseAudio() = default;
 
+PulseServer& PulseAudio::server() const {
+  if (!m_server) m_server = std::make_shared<PulseServer>();
+  return *m_server;
+}
+
 PortTraits PulseAudio::traits() const {
-  return m_server->isReady() ? PortTraits::served(QStringLiteral("pulse"))
+  return server().isReady() ? PortTraits::served(QStringLiteral("pulse"))
                              : PortTraits::unavailable(QCoreApplication::translate("Audio", "no sound server"));
 }
 
 std::unique_ptr<AudioPlayer> PulseAudio::prepare(const QByteArray& wav) {
   auto sound = pcmFromWav(wav);
-  if (!sound || !m_server->isUsable()) return nullptr;
+  if (!sound || !server().isUsable()) return nullptr;
   return std::make_unique<PulsePlayer>(m_server, std::move(*sound));
 }
 
@@ -43,7 +48,7 @@ void PulseAudio::playStock(const QString& name) {
   auto& player = m_stock[name];
   if (!player) {
     auto sound = stockSound(name);
-    if (!sound || !m_server->isUsable()) return;
+    if (!sound || !server().isUsable()) return;
     player = std::make_unique<PulsePlayer>(m_server, std::move(*sound));
   }
   player->play();

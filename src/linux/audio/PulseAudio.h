@@ -24,7 +24,10 @@ class PulseAudio final : public Audio {
   void playStock(const QString& name) override;
 
  private:
-  std::shared_ptr<PulseServer> m_server;  // players hold it too
+  /// Connects at the first call: nothing sounds while the program starts.
+  [[nodiscard]] PulseServer& server() const;
+
+  mutable std::shared_ptr<PulseServer> m_server;  // players hold it too
   std::map<QString, std::unique_ptr<AudioPlayer>> m_stock;
 };
 

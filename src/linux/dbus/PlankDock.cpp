@@ -2,11 +2,13 @@
 #include "linux/dbus/PlankDock.h"
 
 #include "linux/dbus/BusCall.h"
+#include "platform/Scheduler.h"
 
 #include <QFileInfo>
 #include <QUrl>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 
 namespace tarnwick {
@@ -17,12 +19,17 @@ const QString kService = QStringLiteral("net.launchpad.plank");
 const QString kPath = QStringLiteral("/net/launchpad/plank/dock1");
 const QString kItems = QStringLiteral("net.launchpad.plank.Items");
 const QString kTrashItem = QStringLiteral("docklet://trash");
+constexpr std::chrono::milliseconds kAfterStart(300);
 constexpr double kTile = 48;  // plank's own default; its setting is not on the bus
 enum DockSide { kLeftSide, kRightSide, kTopSide, kBottomSide };
 
 }  // namespace
 
-PlankDock::PlankDock() {
+PlankDock::PlankDock(Scheduler& scheduler) {
+  m_later = scheduler.after(kAfterStart, [this] { listen(); });
+}
+
+void PlankDock::listen() {
   auto bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return;
   bus.connect(QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),

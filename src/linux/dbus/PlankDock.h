@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/DockPreferences.h"
+#include "platform/Registration.h"
 
 #include <QDBusMessage>
 #include <QObject>
@@ -16,10 +17,13 @@
 
 namespace tarnwick {
 
+class Scheduler;
+
 class PlankDock final : public QObject {
   Q_OBJECT
  public:
-  PlankDock();
+  /// Asks for the first time well after the start: nothing is crushed before.
+  explicit PlankDock(Scheduler& scheduler);
 
   [[nodiscard]] const DockState& state() const { return m_state; }
   [[nodiscard]] bool hasTrash() const { return m_trash.has_value(); }
@@ -36,7 +40,9 @@ class PlankDock final : public QObject {
  private:
   void ask(const QString& method, const QVariantList& arguments, std::function<void(const QVariantList&)> answer);
   void forget();
+  void listen();
 
+  Registration m_later;
   DockState m_state;
   struct Hover {
     QPoint point;

@@ -155,10 +155,11 @@ const TaskStickyCard::Posed& TaskStickyCard::posed(double angle, double scale) {
   const QRect bounds = turn.mapRect(face).toAlignedRect();
   m_posed = {clearPixmap(bounds.size(), scale), bounds.topLeft(), angle, scale};
   QPainter painter(&m_posed.pixmap);
-  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.translate(-bounds.topLeft());
   painter.setTransform(turn, true);
-  painter.drawPixmap(face.topLeft(), m_face.pixmap(PaperLift::Rest, scale));
+  painter.drawPixmap(face.topLeft(), m_face.pixmap(PaperLift::Rest, scale));  // nothing is at its edges to be smoothed
+  painter.setRenderHint(QPainter::Antialiasing);
   CardParts::paintCrushCircle(painter, m_face.circleCenter(), CardFace::kCircleDiameter, m_face.ink(), CircleState::Rest);
   return m_posed;
 }

@@ -191,6 +191,7 @@ void TornNoteFace::paintSheet(QPainter& painter, const PaperSheet& paper, const 
 void TornNoteFace::paintPaper(QPainter& painter, double peel, PaintedSheet& last) const {
   painter.save();
   painter.setRenderHint(QPainter::SmoothPixmapTransform, !qFuzzyIsNull(tilt));
+  painter.setRenderHint(QPainter::Antialiasing, false);  // the picture is empty at its edges
   paintSheet(painter, sheet(paperRect(), PaperKind::TornNote, peel), size, last);
   painter.restore();
 }

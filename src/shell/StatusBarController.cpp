@@ -2,6 +2,7 @@
 #include "shell/StatusBarController.h"
 
 #include "effects/Controls.h"
+#include "effects/SvgIconEngine.h"
 #include "effects/Symbols.h"
 #include "effects/Tokens.h"
 #include "model/AppNotesPrefs.h"
@@ -18,6 +19,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace tarnwick {
@@ -36,38 +38,41 @@ constexpr QRgb kInkForAnyMenu = 0xFF85817A;
 constexpr qreal kLightPanel = 0.5;
 constexpr int kPixelsOfRim = 22;  // one for each
 
-QIcon glyphIn(QRgb ink) {
+/// Of the tray's glyph, drawn at the sizes that are asked for.
+QIcon glyph(const std::function<void(QPainter&, const QPixmap& pale, int pixels)>& paint) {
   const QIcon pale = Symbols::trayIcon();
-  QIcon icon;
-  for (const QSize& size : pale.availableSizes()) {
-    auto pixmap = pale.pixmap(size, 1);
+  return QIcon(new SvgIconEngine(pale.availableSizes(), [pale, paint](int pixels) {
+    const QSize size(pixels, pixels);
+    QPixmap pixmap(size);
+    pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(pixmap.rect(), QColor::fromRgba(ink));
-    painter.end();
-    icon.addPixmap(pixmap);
-  }
-  return icon;
+    paint(painter, pale.pixmap(size, 1), pixels);
+    return pixmap;
+  }));
+}
+
+QPixmap inInk(QRgb ink, const QPixmap& pale) {
+  QPixmap pixmap = pale;
+  QPainter painter(&pixmap);
+  painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+  painter.fillRect(pixmap.rect(), QColor::fromRgba(ink));
+  return pixmap;
+}
+
+QIcon darkGlyph() {
+  return glyph([](QPainter& painter, const QPixmap& pale, int) { painter.drawPixmap(0, 0, inInk(kDarkInk, pale)); });
 }
 
 /// Light with a dark rim, for a panel that does not show where the item is: it reads on light and on dark ones.
 QIcon rimmedGlyph() {
-  const QIcon pale = Symbols::trayIcon();
-  const QIcon dark = glyphIn(kDarkInk);
-  QIcon icon;
-  for (const QSize& size : pale.availableSizes()) {
-    QPixmap pixmap(size);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    const int rim = std::max(1, size.width() / kPixelsOfRim);
+  return glyph([](QPainter& painter, const QPixmap& pale, int pixels) {
+    const QPixmap dark = inInk(kDarkInk, pale);
+    const int rim = std::max(1, pixels / kPixelsOfRim);
     for (const int dx : {-rim, 0, rim}) {
-      for (const int dy : {-rim, 0, rim}) painter.drawPixmap(dx, dy, dark.pixmap(size, 1));
+      for (const int dy : {-rim, 0, rim}) painter.drawPixmap(dx, dy, dark);
     }
-    painter.drawPixmap(0, 0, pale.pixmap(size, 1));
-    painter.end();
-    icon.addPixmap(pixmap);
-  }
-  return icon;
+    painter.drawPixmap(0, 0, pale);
+  });
 }
 
 /// How light the panel is at the corners of the item, which the glyph leaves free; nothing where it cannot be seen.
@@ -126,7 +131,7 @@ void StatusBarController::applyInk() {
   const auto panel = lightness ? std::optional(*lightness > kLightPanel) : std::nullopt;
   if (panel == m_isOnLightPanel) return;
   m_isOnLightPanel = panel;
-  m_item.setIcon(!panel ? rimmedGlyph() : *panel ? glyphIn(kDarkInk) : Symbols::trayIcon());
+  m_item.setIcon(!panel ? rimmedGlyph() : *panel ? darkGlyph() : Symbols::trayIcon());
 }
 
 void StatusBarController::buildMenu() {

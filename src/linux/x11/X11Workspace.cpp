@@ -18,6 +18,7 @@ namespace {
 
 // Window managers publish "none" for a moment between two windows.
 constexpr std::chrono::milliseconds kNothingInFrontDelay(150);
+constexpr std::chrono::milliseconds kAfterStart(100);
 
 /// One process may serve the windows of several applications: an office suite's, a browser's installed pages, all that
 /// comes through one tunnel from another machine.
@@ -46,8 +47,9 @@ X11Workspace::X11Workspace(XcbConnection& connection, Scheduler& scheduler)
     : m_x(connection), m_clients(connection), m_scheduler(scheduler) {
   m_handles.push_back(m_x.select(m_x.root(), XCB_EVENT_MASK_PROPERTY_CHANGE));
   m_handles.push_back(m_x.onEvent([this](const auto& event) { handle(event); }));
-  readClients();
   readFront();
+  // Who ends is told of; of those that have windows already nobody asks while the program starts.
+  m_firstRead = m_scheduler.after(kAfterStart, [this] { readClients(); });
 }
 
 X11Workspace::~X11Workspace() = default;
@@ -125,6 +127,7 @@ void X11Workspace::setFront(std::optional<RunningApplication> application) {
 }
 
 void X11Workspace::readClients() {
+  m_firstRead.cancel();
   const auto windows = m_x.cardinals(m_x.root(), "_NET_CLIENT_LIST");
   for (const auto window : windows) {
     if (std::find(m_known.begin(), m_known.end(), window) != m_known.end()) continue;

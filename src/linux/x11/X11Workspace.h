@@ -53,6 +53,7 @@ class X11Workspace final : public QObject, public Workspace {
   std::map<qint64, std::unique_ptr<Process>> m_processes;
   std::vector<xcb_window_t> m_known;  // clients that were looked at
   Registration m_nothingInFront;
+  Registration m_firstRead;
   std::vector<Registration> m_handles;
   Observers<const RunningApplication&> m_activated;
   Observers<const RunningApplication&> m_deactivated;

@@ -37,10 +37,10 @@ void paintRounded(QPainter& painter, const QRectF& rect, const QRect& box, int r
     within(box, {});
     return;
   }
-  const auto cap = [&](int top, double above, double below) {
-    // One row more than is seen, so that no straight edge of the path fades.
+  const auto cap = [&](int top, int above, int below) {
+    // A path as high as the round needs on both sides; of its straight edge more than is seen, so that it does not fade.
     const QRect band(box.left(), top, box.width(), radius);
-    within(band, roundedBox(QRectF(band).adjusted(0, above > 0 ? 0 : -1, 0, below > 0 ? 0 : 1), above, below));
+    within(band, roundedBox(QRectF(band.adjusted(0, above > 0 ? 0 : -radius, 0, below > 0 ? 0 : radius)), above, below));
   };
   cap(box.top(), radius, 0);
   within(box.adjusted(0, radius, 0, -radius), {});

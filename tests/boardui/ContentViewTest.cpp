@@ -3,9 +3,12 @@
 
 #include "board/BoardFilters.h"
 #include "board/UndoKeyMonitor.h"
+#include "effects/BoardSurfaceView.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>
+
+#include <cmath>
 
 namespace tarnwick::test {
 namespace {
@@ -80,6 +83,24 @@ TEST_F(Board, staysRoundWhileOnePageFadesIntoAnother) {
   host().render(&picture, {}, {}, QWidget::DrawChildren);
   EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
   EXPECT_EQ(picture.pixelColor(ContentView::kSide - 1, 0).alpha(), 0);
+}
+
+TEST_F(Board, staysRoundWhereCardsReachItsCorners) {
+  addNotes(8);
+  open();
+  constexpr int kRadius = static_cast<int>(BoardSurfaceView::kRadius);
+  QImage picture(host().size(), QImage::Format_ARGB32_Premultiplied);
+  picture.fill(Qt::transparent);
+  host().render(&picture, {}, {}, QWidget::DrawChildren);
+  const int side = ContentView::kSide;
+  EXPECT_GT(picture.pixelColor(kRadius, side - 8).red(), 200) << "a card is there";
+  for (int x = 0; x < kRadius; ++x) {
+    for (int y = 0; y < kRadius; ++y) {
+      if (std::hypot(kRadius - x - .5, y + .5) < kRadius + 1.5) continue;
+      EXPECT_EQ(picture.pixelColor(x, side - kRadius + y).alpha(), 0) << x << ", " << y;
+      EXPECT_EQ(picture.pixelColor(side - 1 - x, side - kRadius + y).alpha(), 0) << x << ", " << y;
+    }
+  }
 }
 
 TEST_F(Board, keepsItsToastsForTheirTime) {

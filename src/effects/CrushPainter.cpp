@@ -34,25 +34,18 @@ void place(QPainter& painter, QPointF centre, const LayerTransform& transform) {
   painter.scale(transform.scaleX, transform.scaleY);
 }
 
-/// With the sheet's hairline, without what lies outside its round corners.
+/// Without what lies outside the sheet's round corners.
 QImage roundedPicture(const QImage& picture, const QSizeF& sheet, double radius) {
-  QImage rounded(picture.size(), QImage::Format_ARGB32_Premultiplied);
-  rounded.fill(Qt::transparent);
+  QImage rounded = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  rounded.setDevicePixelRatio(1);
+  QPainterPath corners;  // what only one of the two covers
+  corners.addRect(QRectF({0, 0}, sheet));
+  corners.addRoundedRect(QRectF({0, 0}, sheet), radius, radius);
   QPainter painter(&rounded);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(Qt::black);
-  painter.scale(picture.width() / sheet.width(), picture.height() / sheet.height());
-  painter.drawRoundedRect(QRectF({0, 0}, sheet), radius, radius);
-  painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-  painter.resetTransform();
-  painter.drawImage(rounded.rect(), picture, picture.rect());
-  painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
-  painter.scale(picture.width() / sheet.width(), picture.height() / sheet.height());
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(tokens::faded(Qt::black, kHairlineAlpha), kHairline));
-  constexpr double kIn = kHairline / 2;
-  painter.drawRoundedRect(QRectF({0, 0}, sheet).adjusted(kIn, kIn, -kIn, -kIn), radius, radius);
+  painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+  painter.scale(rounded.width() / sheet.width(), rounded.height() / sheet.height());
+  painter.fillPath(corners, Qt::black);
   return rounded;
 }
 
@@ -113,7 +106,7 @@ CrushPainter::CrushPainter(CrushPlan plan, DesktopSize stage, const QImage& pict
 }
 
 void CrushPainter::prepareSheet(const CrushLayer& sheet, const QRectF& body, const QImage& picture) {
-  constexpr int kSteps = 4;
+  constexpr int kSteps = 6;
   const auto& radii = sheet.cornerRadius;
   const double first = sheet.rest.cornerRadius;
   const double last = radii.isEmpty() ? first : radii.values.back();
@@ -127,13 +120,10 @@ void CrushPainter::prepareSheet(const CrushLayer& sheet, const QRectF& body, con
       into.setBrush(Qt::black);
       into.drawRoundedRect(body, radius, radius);
     });
-    m_sheets.push_back({radius, tinted(alpha, tokens::black(0.28), scale), {}});
+    const bool hasPicture = !picture.isNull() && (m_sheets.empty() || m_sheets.back().radius < seen);
+    m_sheets.push_back({radius, tinted(alpha, tokens::black(0.28), scale),
+                        hasPicture ? roundedPicture(picture, body.size(), radius) : QImage()});
   }
-  if (picture.isNull()) return;
-  // Half of it has faded before the corners grow: from then on one serves that is round enough for the end of it.
-  m_sheets.front().picture = roundedPicture(picture, body.size(), first);
-  const auto faded = roundedPicture(picture, body.size(), roundedFor(seen).radius);
-  for (std::size_t i = 1; i < m_sheets.size() && m_sheets[i - 1].radius < seen; ++i) m_sheets[i].picture = faded;
 }
 
 const CrushPainter::Rounded& CrushPainter::roundedFor(double radius) const {

@@ -8,6 +8,7 @@
 #include "exchange/JsonRecord.h"
 
 #include <QJsonDocument>
+#include <QRegularExpression>
 #include <QTimeZone>
 
 #include <algorithm>
@@ -188,6 +189,18 @@ std::optional<QDateTime> momentOf(const ics::Property& property, const Times& ti
   return moment.isValid() ? std::optional(moment) : std::nullopt;
 }
 
+/// The moment that lies a duration later: days as the calendar counts them, hours as the clock does.
+std::optional<QDateTime> after(const QDateTime& start, const QString& duration, const Calendar& calendar) {
+  static const QRegularExpression form(
+      u"^\\+?P(?:(\\d{1,4})W|(?:(\\d{1,5})D)?(?:T(?:(\\d{1,6})H)?(?:(\\d{1,8})M)?(?:(\\d{1,9})S)?)?)$"_s);
+  const auto match = form.match(duration.trimmed().toUpper());
+  if (!match.hasMatch()) return std::nullopt;
+  const auto part = [&](int index) { return match.captured(index).toLongLong(); };
+  const auto day = calendar.addDays(start, static_cast<int>(7 * part(1) + part(2)));
+  const auto end = day.addSecs(3600 * part(3) + 60 * part(4) + part(5));
+  return end.isValid() ? std::optional(end) : std::nullopt;
+}
+
 /// One to-do, taken apart.
 class Todo {
  public:
@@ -202,6 +215,12 @@ class Todo {
   [[nodiscard]] std::optional<QDateTime> moment(const QString& name, const Times& times) const {
     const auto found = m_properties.constFind(name);
     return found == m_properties.constEnd() ? std::nullopt : momentOf(*found, times);
+  }
+  /// As the file says it: at a time, or so long after its start.
+  [[nodiscard]] std::optional<QDateTime> due(const Times& times) const {
+    if (m_properties.contains(u"DUE"_s)) return moment(u"DUE"_s, times);
+    const auto start = moment(u"DTSTART"_s, times);
+    return start ? after(*start, m_properties.value(u"DURATION"_s).value, times.calendar) : std::nullopt;
   }
   /// A note has one board; a to-do may have several categories.
   [[nodiscard]] QString firstCategory() const {
@@ -244,7 +263,7 @@ class Todo {
     const auto uid = text(u"UID"_s).trimmed();
     auto record = foreignNote(uid.isEmpty() ? words : uid, words, moment(u"CREATED"_s, times).value_or(times.now));
     if (const auto id = QUuid::fromString(uid); !id.isNull()) record.id = id;
-    record.dueDate = moment(u"DUE"_s, times);
+    record.dueDate = due(times);
     if (record.dueDate) record.recurrenceRaw = rawValue(recurrenceOf(text(u"RRULE"_s), *record.dueDate, times.calendar));
     record.isCompleted = isCompleted();
     if (record.isCompleted) record.completedAt = moment(u"COMPLETED"_s, times).value_or(times.now);

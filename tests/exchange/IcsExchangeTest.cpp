@@ -128,6 +128,8 @@ TEST(IcsExchange, understandsRulesAndTimesOfOthersAsFarAsANoteCan) {
       {"DUE;TZID=/maker.example/20260101_1/America/New_York:20260304T080000", "none", "2026-03-04T13:00:00"},
       {"DUE;TZID=Eastern Standard Time:20260304T080000", "none", "2026-03-04T13:00:00"},
       {"DUE:20260329T023000", "none", "2026-03-29T01:00:00"},
+      {"DTSTART:20260328T090000\r\nDURATION:P1DT1H30M", "none", "2026-03-29T08:30:00"},
+      {"DTSTART:20260304T080000Z\r\nDURATION:P2W\r\nRRULE:FREQ=DAILY", "daily", "2026-03-18T08:00:00"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.lines);
@@ -138,7 +140,10 @@ TEST(IcsExchange, understandsRulesAndTimesOfOthersAsFarAsANoteCan) {
   EXPECT_EQ(
       onlyNote("SUMMARY:x\r\nDUE:20260304T080000Z\r\nRRULE:FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,SU", egypt).recurrenceRaw,
       u"weekdays"_s);
-  EXPECT_EQ(onlyNote("SUMMARY:x\r\nDUE:2026-03-04").dueDate, std::nullopt);
+  for (const char* none : {"DUE:2026-03-04", "DTSTART:20260304T080000Z", "DTSTART:20260304T080000Z\r\nDURATION:-P1D",
+                           "DTSTART:20260304T080000Z\r\nDURATION:tomorrow", "DURATION:P1D"}) {
+    EXPECT_EQ(onlyNote(QByteArray("SUMMARY:x\r\n") + none).dueDate, std::nullopt) << none;
+  }
 }
 
 TEST(IcsExchange, readsTimesByTheRulesThatAFileBringsAlong) {

@@ -140,12 +140,14 @@ TEST_F(AFlightIntoTheTrash, EndsInThePanelsTrashButton) {
   EXPECT_EQ(rectFromText(defaults.text(u"dockTrashFrame"_s).value_or(QString())), *button);
 }
 
-/// A plank dock at the left of the screen, its icons 64 pixels large at each scale, with one program whose icon is a plain square, and its trash.
+/// A plank dock, its icons 64 pixels large at each scale, with one program whose icon is a plain square, and its trash.
 class Plank final {
  public:
   struct Setting {
-    int scale;  // of its toolkit
-    const char* zoom;
+    const char* side;
+    int scale = 1;  // of its toolkit
+    const char* zoom = "false";
+    [[nodiscard]] bool isUpright() const { return side[0] == 'l' || side[0] == 'r'; }
   };
   Plank(const QString& folder, const Setting& setting) {
     QImage square(128, 128, QImage::Format_RGB32);
@@ -159,7 +161,7 @@ class Plank final {
     write(config + u"/plank/dock1/launchers/trash.dockitem"_s, item + "docklet://trash\n");
     write(config + u"/glib-2.0/settings/keyfile"_s,
           "[net/launchpad/plank/docks/dock1]\nicon-size=" + QByteArray::number(64 / setting.scale) +
-              "\nposition='left'\nhide-mode='none'\nzoom-enabled=" + setting.zoom + "\n");
+              "\nposition='" + setting.side + "'\nhide-mode='none'\nzoom-enabled=" + setting.zoom + "\n");
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"GSETTINGS_BACKEND"_s, u"keyfile"_s);
     environment.insert(u"GDK_SCALE"_s, QString::number(setting.scale));
@@ -199,12 +201,15 @@ TEST_P(AFlightIntoPlank, EndsInItsTrash) {
   const Plank plank(folder.path(), GetParam());
   QRect square;
   QRectF place;
-  // Both icons are as large and stand in one column.
+  // Both icons are as large and stand in one column, or row.
   EXPECT_TRUE(holdsSoon([&] {
     square = Plank::squareIn(screenshot(u"5-plank"_s));
     place = ports.screens().space().toQt(trash.axTrashFrame().value_or(DesktopRect{}));
-    return std::abs(square.width() - 63) <= 1 && std::abs(square.height() - 63) <= 1 && std::abs(place.center().x() - square.center().x()) <= 2 &&
-           std::abs(place.width() - 64) <= 2 && std::abs(std::abs(place.center().y() - square.center().y()) - 80) <= 3;
+    const QPointF apart = place.center() - square.center();
+    const double across = GetParam().isUpright() ? apart.x() : apart.y();
+    const double along = GetParam().isUpright() ? apart.y() : apart.x();
+    return std::abs(square.width() - 63) <= 1 && std::abs(square.height() - 63) <= 1 &&
+           std::abs(place.width() - 64) <= 2 && std::abs(across) <= 2 && std::abs(std::abs(along) - 80) <= 3;
   })) << "the square is " << square.left() << ',' << square.top() << ' ' << square.width() << "; the Trash "
       << place.left() << ',' << place.top() << ' ' << place.width();
 
@@ -216,7 +221,8 @@ TEST_P(AFlightIntoPlank, EndsInItsTrash) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Settings, AFlightIntoPlank,
-                         testing::Values(Plank::Setting{1, "false"}, Plank::Setting{2, "false"}, Plank::Setting{1, "true"}));
+                         testing::Values(Plank::Setting{"left"}, Plank::Setting{"left", 2}, Plank::Setting{"left", 1, "true"},
+                                         Plank::Setting{"right"}, Plank::Setting{"top"}, Plank::Setting{"bottom"}));
 
 /// With TARNWICK_FRAMES set to a folder: the flight frame by frame, 25 in a second.
 TEST_F(AFlightIntoTheTrash, CanBeLookedAtFrameByFrame) {

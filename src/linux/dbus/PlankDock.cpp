@@ -74,7 +74,7 @@ std::optional<QRect> PlankDock::trash(const std::vector<QRect>& windows) const {
   // Shares of plank's own themes, within two pixels at the usual size: an icon of its window, room for zooming included,
   // and of the icon how deep its middle lies.
   constexpr double kWindowOfIcon = 2.93;
-  constexpr double kMiddleOfIcon = 0.72;
+  constexpr double kMiddleOfIcon = 0.75;
   const double edge = (isUpright ? dock->width() : dock->height()) / kWindowOfIcon;
   const bool isFarSide = side == kRightSide || side == kBottomSide;
   const int rim = isUpright ? (isFarSide ? dock->x() + dock->width() : dock->x())

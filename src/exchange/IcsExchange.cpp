@@ -192,7 +192,7 @@ std::optional<QDateTime> momentOf(const ics::Property& property, const Times& ti
 /// The moment that lies a duration later: days as the calendar counts them, hours as the clock does.
 std::optional<QDateTime> after(const QDateTime& start, const QString& duration, const Calendar& calendar) {
   static const QRegularExpression form(
-      u"^\\+?P(?:(\\d{1,4})W|(?:(\\d{1,5})D)?(?:T(?:(\\d{1,6})H)?(?:(\\d{1,8})M)?(?:(\\d{1,9})S)?)?)$"_s);
+      u"^\\+?P(?=T?\\d)(?:(\\d{1,4})W|(?:(\\d{1,5})D)?(?:T(?:(\\d{1,6})H)?(?:(\\d{1,8})M)?(?:(\\d{1,9})S)?)?)$"_s);
   const auto match = form.match(duration.trimmed().toUpper());
   if (!match.hasMatch()) return std::nullopt;
   const auto part = [&](int index) { return match.captured(index).toLongLong(); };

@@ -141,6 +141,7 @@ TEST(IcsExchange, understandsRulesAndTimesOfOthersAsFarAsANoteCan) {
       onlyNote("SUMMARY:x\r\nDUE:20260304T080000Z\r\nRRULE:FREQ=WEEKLY;BYDAY=MO,TU,WE,TH,SU", egypt).recurrenceRaw,
       u"weekdays"_s);
   for (const char* none : {"DUE:2026-03-04", "DTSTART:20260304T080000Z", "DTSTART:20260304T080000Z\r\nDURATION:-P1D",
+                           "DTSTART:20260304T080000Z\r\nDURATION:PT",
                            "DTSTART:20260304T080000Z\r\nDURATION:tomorrow", "DURATION:P1D"}) {
     EXPECT_EQ(onlyNote(QByteArray("SUMMARY:x\r\n") + none).dueDate, std::nullopt) << none;
   }

@@ -2,8 +2,8 @@
 // How late a sound starts after the call, beside the sound server's own floor: a stream of its simple client that is open
 // already. Both are counted in samples of a recording of the null sink, from what it held at the call to the end of the
 // block in which the sound is first heard: the server renders whole blocks, so one block is the least.
-#include "figures.h"
 #include "effects/SoundSynthesis.h"
+#include "figures.h"
 #include "linux/LinuxPorts.h"
 #include "platform/Audio.h"
 #include "platform/Scheduler.h"

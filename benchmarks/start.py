@@ -2,6 +2,7 @@
 """How long a start takes, seen from the X server: until the icon is in the tray, and until the board's first frame when a
 launcher asks for it over the bus. Beside an empty program that links the same libraries, and, where they are asked for and
 installed, beside other note programs until their first window."""
+import contextlib
 import os
 import pathlib
 import select
@@ -140,8 +141,9 @@ def floor_window(watch, bus):
     found = by_bus(watch, bus, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "StartServiceByName",
                    GLib.Variant("(su)", (FLOOR, 0)))
     for comm in pathlib.Path("/proc").glob("[0-9]*/comm"):  # a child of the bus
-        if comm.read_text().strip() == "bench_start_flo":
-            os.kill(int(comm.parent.name), signal.SIGTERM)
+        with contextlib.suppress(OSError):  # others come and go
+            if comm.read_text().strip() == "bench_start_flo":
+                os.kill(int(comm.parent.name), signal.SIGTERM)
     return found
 
 

@@ -8,7 +8,8 @@ BUILD_PACKAGES=(g++ cmake ninja-build pkg-config git qt6-base-dev qt6-svg-dev qt
   qt6-l10n-tools libgtest-dev libsqlite3-dev libpulse-dev libpipewire-0.3-dev libdbus-1-dev libx11-dev libxcb1-dev
   libxcb-keysyms1-dev libxcb-xfixes0-dev libxcb-shape0-dev libxcb-randr0-dev libxcb-res0-dev libgl-dev)
 DESKTOP_PACKAGES=(python3 xvfb xserver-xorg-core xserver-xorg-video-dummy x11-utils x11-xserver-utils x11-xkb-utils
-  xkb-data xdotool wmctrl imagemagick openbox xfwm4 picom tint2 xfce4-panel plank thunar dunst at-spi2-core dbus-daemon dbus-bin libglib2.0-bin pulseaudio pulseaudio-utils python3-xlib python3-gi
+  xkb-data xdotool wmctrl imagemagick openbox xfwm4 picom tint2 xfce4-panel plank thunar dunst at-spi2-core
+  dbus-daemon dbus-bin libglib2.0-bin pulseaudio pulseaudio-utils python3-xlib python3-gi
   gir1.2-atspi-2.0 python3-dbusmock xterm geany pcmanfm faketime fonts-dejavu-core fonts-inter fonts-noto-color-emoji
   qt6-qpa-plugins util-linux pipewire pipewire-bin desktop-file-utils mandoc)
 FULL_PACKAGES=(firefox-esr marco mate-settings-daemon-common kwin-x11 libgl1-mesa-dri)  # only for ./test --full

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The style below all widgets: the platform's, but for tool tips, which nobody else can shape. Colours and face of tool
+// The style below all widgets: Qt's own, but for tool tips, which nobody else can shape. Colours and face of tool
 // tips are set by styleToolTips().
 #pragma once
 

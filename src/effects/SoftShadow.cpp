@@ -113,7 +113,6 @@ QPixmap shadowPixmap(const std::vector<ShadowLayer>& layers, const QRectF& area,
 /// The picture as large as wanted, its middle column and row repeated.
 QPixmap stretched(const QPixmap& picture, const QSizeF& size, double scale) {
   QPixmap whole = clearPixmap(size, scale);
-  if (whole.size() == picture.size()) return picture;
   struct Slice {
     int from, fromLength, to, toLength;
   };
@@ -211,7 +210,7 @@ void paintBoxShadow(QPainter& painter, const QRectF& rect, double topRadius, dou
     const auto spare = [&](double length) { return std::max(0.0, std::floor((length - corners) * scale)) / scale; };
     const QSizeF less(spare(rect.width()), spare(rect.height()));
     const QPixmap part = shadowPixmap({layerOf(rect.size() - less)}, {area.topLeft(), area.size() - less}, scale);
-    return stretched(part, area.size(), scale);
+    return less.isNull() ? part : stretched(part, area.size(), scale);
   });
 }
 

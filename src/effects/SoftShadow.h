@@ -21,7 +21,7 @@ struct ShadowLayer {
   double alpha = 0;
 };
 
-/// Blurs an 8-bit alpha image; sigma in its own pixels.
+/// Blurs an 8-bit alpha image; sigma in its own pixels, more than 63 as 63.
 [[nodiscard]] QImage boxBlurred(QImage alpha, double sigma);
 /// A blurred outline or filled shape as alpha, over `area`, at a scale.
 [[nodiscard]] QImage blurredAlpha(const QRectF& area, double scale, double sigma,

@@ -20,7 +20,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <utility>
 
 namespace tarnwick {
 
@@ -51,22 +50,22 @@ QIcon glyph(const std::function<void(QPainter&, const QPixmap& pale, int pixels)
   }));
 }
 
-QPixmap inInk(QRgb ink, const QPixmap& pale) {
+QPixmap darkened(const QPixmap& pale) {
   QPixmap pixmap = pale;
   QPainter painter(&pixmap);
   painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-  painter.fillRect(pixmap.rect(), QColor::fromRgba(ink));
+  painter.fillRect(pixmap.rect(), QColor::fromRgba(kDarkInk));
   return pixmap;
 }
 
 QIcon darkGlyph() {
-  return glyph([](QPainter& painter, const QPixmap& pale, int) { painter.drawPixmap(0, 0, inInk(kDarkInk, pale)); });
+  return glyph([](QPainter& painter, const QPixmap& pale, int) { painter.drawPixmap(0, 0, darkened(pale)); });
 }
 
 /// Light with a dark rim, for a panel that does not show where the item is: it reads on light and on dark ones.
 QIcon rimmedGlyph() {
   return glyph([](QPainter& painter, const QPixmap& pale, int pixels) {
-    const QPixmap dark = inInk(kDarkInk, pale);
+    const QPixmap dark = darkened(pale);
     const int rim = std::max(1, pixels / kPixelsOfRim);
     for (const int dx : {-rim, 0, rim}) {
       for (const int dy : {-rim, 0, rim}) painter.drawPixmap(dx, dy, dark);
@@ -136,7 +135,7 @@ void StatusBarController::applyInk() {
 
 void StatusBarController::buildMenu() {
   m_menuWork.cancel();
-  if (!std::exchange(m_isMenuStyled, true)) styleMenu(*m_menu);
+  if (m_menu->styleSheet().isEmpty()) styleMenu(*m_menu);
   m_menu->clear();
   // A panel that hides the item's place draws the menu as well, light or dark.
   const QRgb ink = m_item.geometry().isEmpty() ? kInkForAnyMenu : tokens::kText2;

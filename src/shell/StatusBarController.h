@@ -72,7 +72,6 @@ class StatusBarController final : public QObject {
   QSystemTrayIcon m_item;
   std::optional<DesktopRect> m_clickedAnchor;
   std::optional<bool> m_isOnLightPanel;  // nothing while the item's place is not known
-  bool m_isMenuStyled = false;
   Registration m_menuWork;
   Registration m_presenceCheck;
   std::vector<Registration> m_inkChecks;

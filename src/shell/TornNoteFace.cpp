@@ -191,7 +191,7 @@ void TornNoteFace::paintSheet(QPainter& painter, const PaperSheet& paper, const 
 void TornNoteFace::paintPaper(QPainter& painter, double peel, PaintedSheet& last) const {
   painter.save();
   painter.setRenderHint(QPainter::SmoothPixmapTransform, !qFuzzyIsNull(tilt));
-  painter.setRenderHint(QPainter::Antialiasing, false);  // the picture is empty at its edges
+  painter.setRenderHint(QPainter::Antialiasing, false);  // next to nothing is at the picture's edges
   paintSheet(painter, sheet(paperRect(), PaperKind::TornNote, peel), size, last);
   painter.restore();
 }

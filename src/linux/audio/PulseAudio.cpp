@@ -35,7 +35,7 @@ PulseServer& PulseAudio::server() const {
 
 PortTraits PulseAudio::traits() const {
   return server().isReady() ? PortTraits::served(QStringLiteral("pulse"))
-                             : PortTraits::unavailable(QCoreApplication::translate("Audio", "no sound server"));
+                            : PortTraits::unavailable(QCoreApplication::translate("Audio", "no sound server"));
 }
 
 std::unique_ptr<AudioPlayer> PulseAudio::prepare(const QByteArray& wav) {

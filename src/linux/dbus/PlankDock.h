@@ -22,7 +22,7 @@ class Scheduler;
 class PlankDock final : public QObject {
   Q_OBJECT
  public:
-  /// Asks for the first time well after the start: nothing is crushed before.
+  /// Asks for the first time shortly after the start: nothing is crushed before.
   explicit PlankDock(Scheduler& scheduler);
 
   [[nodiscard]] const DockState& state() const { return m_state; }

@@ -48,7 +48,7 @@ X11Workspace::X11Workspace(XcbConnection& connection, Scheduler& scheduler)
   m_handles.push_back(m_x.select(m_x.root(), XCB_EVENT_MASK_PROPERTY_CHANGE));
   m_handles.push_back(m_x.onEvent([this](const auto& event) { handle(event); }));
   readFront();
-  // Who ends is told of; of those that have windows already nobody asks while the program starts.
+  // What has windows already is watched to tell when it ends; nobody asks for that while the program starts.
   m_firstRead = m_scheduler.after(kAfterStart, [this] { readClients(); });
 }
 

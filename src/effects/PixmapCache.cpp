@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QPaintDevice>
 #include <QPainter>
+#include <QThreadPool>
 
 #include <algorithm>
 #include <cmath>
@@ -13,14 +14,21 @@ namespace tarnwick {
 
 namespace {
 
-std::vector<PixmapCache*>& registered() {
-  static std::vector<PixmapCache*> caches;
-  return caches;
+struct Registered {
+  std::mutex mutex;
+  std::vector<PixmapCache*> caches;
+};
+
+Registered& registered() {
+  static Registered all;
+  return all;
 }
 
 // Pixmaps must not outlive the application object, static caches do.
 void clearAll() {
-  for (PixmapCache* cache : registered()) {
+  QThreadPool::globalInstance()->waitForDone();  // what still paints would keep one more
+  const std::scoped_lock lock(registered().mutex);
+  for (PixmapCache* cache : registered().caches) {
     cache->clear();
   }
 }
@@ -28,22 +36,39 @@ void clearAll() {
 }  // namespace
 
 PixmapCache::PixmapCache(int kilobytes) : m_pixmaps(kilobytes) {
-  if (registered().empty()) {
+  const std::scoped_lock lock(registered().mutex);
+  if (registered().caches.empty()) {
     qAddPostRoutine(clearAll);
   }
-  registered().push_back(this);
+  registered().caches.push_back(this);
 }
 
-PixmapCache::~PixmapCache() { std::erase(registered(), this); }
+PixmapCache::~PixmapCache() {
+  const std::scoped_lock lock(registered().mutex);
+  std::erase(registered().caches, this);
+}
 
 QPixmap PixmapCache::fetch(const QString& key, const std::function<QPixmap()>& painted) {
+  std::unique_lock lock(m_mutex);
+  m_isPainted.wait(lock, [&] { return !m_painting.contains(key); });
   if (const QPixmap* kept = m_pixmaps.object(key)) {
     return *kept;
   }
+  m_painting.insert(key);
+  lock.unlock();
   QPixmap made = painted();
+  lock.lock();
   const qsizetype kilobytes = qsizetype{made.width()} * made.height() / 256 + 1;
   m_pixmaps.insert(key, new QPixmap(made), kilobytes);
+  m_painting.remove(key);
+  lock.unlock();
+  m_isPainted.notify_all();
   return made;
+}
+
+void PixmapCache::clear() {
+  const std::scoped_lock lock(m_mutex);
+  m_pixmaps.clear();
 }
 
 QPixmap clearPixmap(const QSizeF& size, double scale) {

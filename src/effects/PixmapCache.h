@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Keeps pictures that were painted once, bounded by their memory, until the application object goes.
+// Keeps pictures that were painted once, bounded by their memory, until the application object goes. From any thread.
 #pragma once
 
 #include <QCache>
 #include <QPixmap>
+#include <QSet>
 #include <QString>
 
+#include <condition_variable>
 #include <functional>
+#include <mutex>
 
 class QPainter;
 
@@ -19,11 +22,14 @@ class PixmapCache {
   PixmapCache& operator=(const PixmapCache&) = delete;
   ~PixmapCache();
 
-  /// The picture of the key; painted now when it is not there.
+  /// The picture of the key, not to be changed: other threads may be reading it. Painted now when it is not there. Whoever comes while another thread paints it waits for that.
   [[nodiscard]] QPixmap fetch(const QString& key, const std::function<QPixmap()>& painted);
-  void clear() { m_pixmaps.clear(); }
+  void clear();
 
  private:
+  std::mutex m_mutex;
+  std::condition_variable m_isPainted;
+  QSet<QString> m_painting;
   QCache<QString, QPixmap> m_pixmaps;
 };
 

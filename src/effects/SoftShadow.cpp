@@ -110,9 +110,8 @@ QPixmap shadowPixmap(const std::vector<ShadowLayer>& layers, const QRectF& area,
   return pixmap;
 }
 
-/// The picture as large as wanted, its middle column and row repeated.
-QPixmap stretched(const QPixmap& picture, const QSizeF& size, double scale) {
-  QPixmap whole = clearPixmap(size, scale);
+/// The picture as large as wanted, its middle column and row repeated. In device pixels.
+void paintStretched(QPainter& painter, const QPoint& at, const QPixmap& picture, const QSize& size) {
   struct Slice {
     int from, fromLength, to, toLength;
   };
@@ -122,26 +121,33 @@ QPixmap stretched(const QPixmap& picture, const QSizeF& size, double scale) {
     return std::array{Slice{0, before, 0, before}, Slice{before, 1, before, wanted - before - after},
                       Slice{before + 1, after, wanted - after, after}};
   };
-  QPixmap source = picture;
-  source.setDevicePixelRatio(1);
-  whole.setDevicePixelRatio(1);
-  QPainter painter(&whole);
-  painter.setCompositionMode(QPainter::CompositionMode_Source);
-  for (const auto& row : slices(source.height(), whole.height())) {
-    for (const auto& column : slices(source.width(), whole.width())) {
-      painter.drawPixmap(QRect(column.to, row.to, column.toLength, row.toLength), source,
+  for (const auto& row : slices(picture.height(), size.height())) {
+    for (const auto& column : slices(picture.width(), size.width())) {
+      painter.drawPixmap(QRect(at.x() + column.to, at.y() + row.to, column.toLength, row.toLength), picture,
                          QRect(column.from, row.from, column.fromLength, row.fromLength));
     }
   }
+}
+
+QPixmap stretched(const QPixmap& picture, const QSizeF& size, double scale) {
+  QPixmap whole = clearPixmap(size, scale);
+  whole.setDevicePixelRatio(1);
+  QPainter painter(&whole);
+  painter.setCompositionMode(QPainter::CompositionMode_Source);
+  paintStretched(painter, {0, 0}, picture, whole.size());
   painter.end();
   whole.setDevicePixelRatio(scale);
   return whole;
 }
 
-/// Draws a picture that is made once per key and scale.
-void paintKept(QPainter& painter, const QString& key, const QPointF& at, const std::function<QPixmap(double scale)>& made) {
-  const double scale = deviceScale(painter);
-  painter.drawPixmap(at, cache().fetch(QStringLiteral("%1 @%2").arg(key).arg(scale), [&] { return made(scale); }));
+/// A point is a pixel, somewhere else.
+bool isOnPixels(const QTransform& transform) {
+  const auto isWhole = [](double length) { return length == std::floor(length); };
+  return transform.type() <= QTransform::TxTranslate && isWhole(transform.dx()) && isWhole(transform.dy());
+}
+
+QPixmap kept(const QString& key, double scale, const std::function<QPixmap()>& made) {
+  return cache().fetch(QStringLiteral("%1 @%2").arg(key).arg(scale), made);
 }
 
 }  // namespace
@@ -192,26 +198,41 @@ QImage tinted(const QImage& alpha, const QColor& color, double scale) {
 
 void paintShadow(QPainter& painter, const QString& key, const QPointF& origin, const std::vector<ShadowLayer>& layers) {
   const QRectF area = spread(layers);
-  paintKept(painter, key, origin + area.topLeft(), [&](double scale) { return shadowPixmap(layers, area, scale); });
+  const double scale = deviceScale(painter);
+  painter.drawPixmap(origin + area.topLeft(), kept(key, scale, [&] { return shadowPixmap(layers, area, scale); }));
 }
 
 void paintBoxShadow(QPainter& painter, const QRectF& rect, double topRadius, double bottomRadius, double offset,
                     double sigma, double alpha) {
-  const QString key = QStringLiteral("box %1 %2 %3 %4 %5 %6 %7")
-                          .arg(rect.width()).arg(rect.height()).arg(topRadius).arg(bottomRadius).arg(offset).arg(sigma)
-                          .arg(alpha);
+  const double scale = deviceScale(painter);
   const auto layerOf = [&](const QSizeF& size) {
     return ShadowLayer{roundedBox(QRectF(QPointF(0, 0), size), topRadius, bottomRadius), offset, sigma, alpha};
   };
+  const auto keyOf = [&](const QSizeF& size) {
+    return QStringLiteral("box %1 %2 %3 %4 %5 %6 %7")
+        .arg(size.width()).arg(size.height()).arg(topRadius).arg(bottomRadius).arg(offset).arg(sigma).arg(alpha);
+  };
   const QRectF area = spread({layerOf(rect.size())});
-  paintKept(painter, key, rect.topLeft() + area.topLeft(), [&](double scale) {
-    // Between its corners each side of the shadow is the same all along: only as much as the corners take is blurred.
-    const double corners = 2 * (3 * sigma + 1 + std::max(topRadius, bottomRadius)) + 2;
-    const auto spare = [&](double length) { return std::max(0.0, std::floor((length - corners) * scale)) / scale; };
-    const QSizeF less(spare(rect.width()), spare(rect.height()));
-    const QPixmap part = shadowPixmap({layerOf(rect.size() - less)}, {area.topLeft(), area.size() - less}, scale);
-    return less.isNull() ? part : stretched(part, area.size(), scale);
+  const QPointF corner = rect.topLeft() + area.topLeft();
+  // Between its corners each side of the shadow is the same all along: only as much as the corners take is blurred.
+  const double corners = 2 * (3 * sigma + 1 + std::max(topRadius, bottomRadius)) + 2;
+  const auto spare = [&](double length) { return std::max(0.0, std::floor((length - corners) * scale)) / scale; };
+  const QSizeF less(spare(rect.width()), spare(rect.height()));
+  const QSizeF least = rect.size() - less;
+  const QPixmap part = kept(keyOf(least), scale, [&] {
+    return shadowPixmap({layerOf(least)}, {area.topLeft(), area.size() - less}, scale);
   });
+  if (less.isNull()) {
+    painter.drawPixmap(corner, part);
+  } else if (isOnPixels(painter.deviceTransform())) {
+    const bool wasSmooth = painter.testRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    paintStretched(painter, corner.toPoint(), part, area.size().toSize());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, wasSmooth);
+  } else {
+    // Drawn larger or turned, nine pieces would show their seams.
+    painter.drawPixmap(corner, kept(keyOf(rect.size()), scale, [&] { return stretched(part, area.size(), scale); }));
+  }
 }
 
 QPainterPath roundedBox(const QRectF& rect, double topRadius, double bottomRadius) {

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <mutex>
 
 // A static library's resources are only there after this, and the macro works in the global namespace alone.
 static void initSymbolResources() { Q_INIT_RESOURCE(symbols); }
@@ -32,8 +33,10 @@ QByteArray fileContent(const QString& path) {
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-const QByteArray& drawing(const QString& name) {
+QByteArray drawing(const QString& name) {
+  static std::mutex mutex;
   static QHash<QString, QByteArray> read;
+  const std::scoped_lock lock(mutex);
   auto found = read.find(name);
   if (found == read.end()) {
     const bool isPlainName = !name.contains(QLatin1Char('/'));
@@ -66,7 +69,7 @@ QList<QSize> squares(std::initializer_list<int> sides) {
 
 // Opaque: shapes overlap within a symbol, so it is thinned as a whole where it is drawn.
 QPixmap symbolAt(const QString& name, int pixels, const QColor& color) {
-  const QByteArray& svg = drawing(name);
+  const QByteArray svg = drawing(name);
   if (svg.isEmpty() || pixels <= 0) {
     return {};
   }
@@ -120,7 +123,7 @@ void Symbols::paint(QPainter& painter, const QString& name, const QRectF& box, c
 QPixmap Symbols::pixmap(const QString& name, double size, const QColor& color, double scale) {
   QPixmap result = symbolAt(name, static_cast<int>(std::lround(size * scale)), color);
   if (!result.isNull()) {
-    result = color.alpha() == 255 ? result : thinned(result, static_cast<double>(color.alphaF()));
+    result = color.alpha() == 255 ? result.copy() : thinned(result, static_cast<double>(color.alphaF()));
     result.setDevicePixelRatio(scale);
   }
   return result;

@@ -136,14 +136,15 @@ QRectF CardFace::circleHitRect() const {
 }
 
 QPixmap CardFace::pixmap(PaperLift lift, double scale) const {
-  const QSizeF size(kWidth + 2 * kMargin, kHeight + 2 * kMargin);
+  const double around = margin(lift);
+  const QSizeF size(kWidth + 2 * around, kHeight + 2 * around);
   QPixmap pixmap((size * scale).toSize());
   pixmap.setDevicePixelRatio(scale);
   pixmap.fill(Qt::transparent);
   QPainter painter(&pixmap);
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
   painter.setLayoutDirection(direction);
-  painter.translate(kMargin, kMargin);
+  painter.translate(around, around);
   const bool isMirrored = direction == Qt::RightToLeft;
 
   if (tag != TaskTag::none) {

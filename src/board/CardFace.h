@@ -18,6 +18,7 @@ struct CardFace {
   static constexpr double kWidth = 175;
   static constexpr double kHeight = 112;
   static constexpr double kMargin = 32;       // of the pixmap around the paper: the raised sheet's shadow
+  static constexpr double kRestMargin = 20;   // the same at rest
   static constexpr double kCircleInset = 19;  // of the crush circle's centre
   static constexpr double kCircleDiameter = 16.4;
   static constexpr double kCircleHit = 32;
@@ -43,6 +44,7 @@ struct CardFace {
   [[nodiscard]] QString key() const;
   [[nodiscard]] QColor ink() const;
   [[nodiscard]] PaperSheet sheet(PaperLift lift) const;
+  [[nodiscard]] static double margin(PaperLift lift) { return lift == PaperLift::Raised ? kMargin : kRestMargin; }
   [[nodiscard]] QPixmap pixmap(PaperLift lift, double scale) const;
   /// The note's text as it stands on the card, relative to bodyOrigin().
   [[nodiscard]] StickyChecklistBody body() const;

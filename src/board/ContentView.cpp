@@ -26,6 +26,9 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QThreadPool>
+
+#include <utility>
 
 namespace tarnwick {
 namespace {
@@ -34,6 +37,11 @@ using namespace std::chrono_literals;
 
 constexpr qint64 kMinuteMs = 60'000;
 constexpr qint64 kPastMinuteMs = 50;
+
+BoardMood boardMood(const UserDefaults& defaults) {
+  const auto stored = defaults.text(keys::kBoardMood).value_or(QString());
+  return fromRawValue<BoardMood>(stored).value_or(BoardMood::obsidian);
+}
 
 }  // namespace
 
@@ -112,10 +120,7 @@ void ContentView::Content::armMinute() {
   });
 }
 
-BoardMood ContentView::Content::mood() const {
-  const auto stored = services.defaults.text(keys::kBoardMood).value_or(QString());
-  return fromRawValue<BoardMood>(stored).value_or(BoardMood::obsidian);
-}
+BoardMood ContentView::Content::mood() const { return boardMood(services.defaults); }
 
 QStringList ContentView::Content::boardNames() const {
   return withKept(usedBoards, addedBoards + QStringList{selectedBoard});
@@ -321,10 +326,24 @@ void ContentView::takeFocus() {
   }
 }
 
-bool ContentView::event(QEvent* event) {
-  // Before the children are shown: those made now are.
-  if (event->type() == QEvent::Polish) prepare();
-  return QWidget::event(event);
+void ContentView::drawAhead() const {
+  QThreadPool::globalInstance()->start([mood = boardMood(m_services.defaults), size = size(), scale = devicePixelRatioF()] {
+    (void)BoardSurfaceView::pixmap(mood, GlassVariant::soft, size, scale);
+    CardFace any;  // for the paper's shadow and grain, and the letters
+    any.text = QStringLiteral("A");
+    (void)any.pixmap(PaperLift::Rest, scale);
+  });
+}
+
+void ContentView::setVisible(bool isVisible) {
+  if (isVisible) {
+    // While this thread builds the board, others draw what will lie on it.
+    if (!std::exchange(m_wasShown, true)) drawAhead();
+    prepare();  // before its children are shown: those made now are
+    if (m_content->isStale) m_content->reload();
+    m_content->wall->drawAhead();
+  }
+  QWidget::setVisible(isVisible);
 }
 
 void ContentView::paintEvent(QPaintEvent* /*event*/) {

@@ -18,7 +18,7 @@ class ContentView final : public QWidget {
  public:
   static constexpr int kSide = 390;
 
-  /// What lies on the board is built by `prepare()`, or when somebody first looks or asks.
+  /// What lies on the board is built by `prepare()`, or when it is shown or somebody asks.
   explicit ContentView(const BoardServices& services, QWidget* parent = nullptr);
   ~ContentView() override;
   void prepare();
@@ -36,6 +36,7 @@ class ContentView final : public QWidget {
   /// Gives the keyboard to what the user will type into first: the wall, or the open editor's text.
   void takeFocus();
 
+  void setVisible(bool isVisible) override;
   [[nodiscard]] QSize sizeHint() const override { return {kSide, kSide}; }
 
  Q_SIGNALS:
@@ -43,7 +44,6 @@ class ContentView final : public QWidget {
   void viewStateChanged();
 
  protected:
-  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -54,9 +54,12 @@ class ContentView final : public QWidget {
 
  private:
   struct Content;
+  /// Has another thread draw what is the same for all notes.
+  void drawAhead() const;
   [[nodiscard]] Content& content();
 
   BoardServices m_services;
+  bool m_wasShown = false;
   std::unique_ptr<Content> m_content;
 };
 

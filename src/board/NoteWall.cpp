@@ -8,7 +8,10 @@
 #include "platform/Screens.h"
 #include "platform/Workspace.h"
 
+#include <QThreadPool>
+
 #include <cmath>
+#include <functional>
 
 namespace tarnwick {
 namespace {
@@ -104,6 +107,21 @@ void NoteWall::prepare() {
     auto& shown = *card(m_notes[static_cast<std::size_t>(i)]->id());
     (void)shown.posed(angleOf(shown), devicePixelRatioF());
   }
+}
+
+void NoteWall::drawAhead() {
+  std::vector<std::function<void()>> work;
+  const auto [first, last] = visibleRange();
+  // From the last one on: the first paint begins with the first.
+  for (int i = last; i >= first; --i) {
+    auto& shown = *card(m_notes[static_cast<std::size_t>(i)]->id());
+    if (isLifted(shown.task()->id())) continue;  // it is put together anew
+    if (auto drawing = shown.poseAhead(angleOf(shown), devicePixelRatioF())) work.push_back(std::move(drawing));
+  }
+  if (work.empty()) return;
+  QThreadPool::globalInstance()->start([work = std::move(work)] {
+    for (const auto& drawing : work) drawing();
+  });
 }
 
 void NoteWall::rest() {

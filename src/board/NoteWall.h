@@ -47,6 +47,8 @@ class NoteWall final : public QWidget {
   void refreshCards();
   /// Draws what is in view ahead of the first paint.
   void prepare();
+  /// Has another thread draw it, while this one does what else is to be done before the first paint.
+  void drawAhead();
   /// Crushes that run are taken back; hover and drag end.
   void rest();
 

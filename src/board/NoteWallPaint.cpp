@@ -124,13 +124,15 @@ void NoteWall::paintCard(QPainter& painter, int index, TaskStickyCard& card, Gli
 }
 
 void NoteWall::paintLifted(QPainter& painter, TaskStickyCard& card, double lift) {
-  const QPointF corner(-CardFace::kMargin, -CardFace::kMargin);
-  const double scale = deviceScale(painter);
+  const auto paintFace = [&](PaperLift at) {
+    const double margin = CardFace::margin(at);
+    painter.drawPixmap(QPointF(-margin, -margin), card.pixmap(at, deviceScale(painter)));
+  };
   const double full = painter.opacity();
-  if (lift < 1) painter.drawPixmap(corner, card.pixmap(PaperLift::Rest, scale));
+  if (lift < 1) paintFace(PaperLift::Rest);
   if (lift > 0) {
     painter.setOpacity(full * lift);
-    painter.drawPixmap(corner, card.pixmap(PaperLift::Raised, scale));
+    paintFace(PaperLift::Raised);
     painter.setOpacity(full);
   }
 }

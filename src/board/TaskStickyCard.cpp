@@ -15,8 +15,35 @@
 #include <QPainter>
 
 #include <cmath>
+#include <utility>
 
 namespace tarnwick {
+
+namespace {
+
+// From any thread.
+TaskStickyCard::Posed pose(const CardFace& shown, double angle, double scale) {
+  const QPointF pivot = TaskStickyCard::pivot();
+  QTransform turn;
+  turn.translate(pivot.x(), pivot.y());
+  turn.rotate(angle);
+  turn.translate(-pivot.x(), -pivot.y());
+  constexpr double kMargin = CardFace::kRestMargin;
+  const QRectF face(-kMargin, -kMargin, CardFace::kWidth + 2 * kMargin, CardFace::kHeight + 2 * kMargin);
+  const QRect bounds = turn.mapRect(face).toAlignedRect();
+  TaskStickyCard::Posed posed{clearPixmap(bounds.size(), scale), bounds.topLeft(), angle, scale};
+  QPainter painter(&posed.pixmap);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.translate(-bounds.topLeft());
+  painter.setTransform(turn, true);
+  painter.drawPixmap(face.topLeft(), shown.pixmap(PaperLift::Rest, scale));  // nothing is at its edges to be smoothed
+  painter.setRenderHint(QPainter::Antialiasing);
+  CardParts::paintCrushCircle(painter, shown.circleCenter(), CardFace::kCircleDiameter, shown.ink(), CircleState::Rest);
+  return posed;
+}
+
+}  // namespace
+
 TaskStickyCard::TaskStickyCard(const BoardServices& services, TaskPtr task, std::function<DesktopRect()> screenFrame,
                                QObject* parent)
     : QObject(parent),
@@ -30,12 +57,12 @@ TaskStickyCard::TaskStickyCard(const BoardServices& services, TaskPtr task, std:
 }
 
 QImage TaskStickyCard::paper() const {
+  const double margin = CardFace::margin(m_raised.pixmap.isNull() ? PaperLift::Rest : PaperLift::Raised);
   QPixmap face = m_raised.pixmap.isNull() ? m_rest.pixmap : m_raised.pixmap;
   if (face.isNull() && !m_posed.pixmap.isNull()) face = m_face.pixmap(PaperLift::Rest, m_posed.scale);
   if (face.isNull()) return {};
   const double scale = face.devicePixelRatio();
-  const QRectF sheet(CardFace::kMargin * scale, CardFace::kMargin * scale, CardFace::kWidth * scale,
-                     CardFace::kHeight * scale);
+  const QRectF sheet(margin * scale, margin * scale, CardFace::kWidth * scale, CardFace::kHeight * scale);
   QImage image = face.toImage().copy(sheet.toRect());
   image.setDevicePixelRatio(scale);
   QPainter painter(&image);
@@ -134,6 +161,7 @@ bool TaskStickyCard::refresh() {
   m_rest = {};
   m_raised = {};
   m_posed = {};
+  m_posedAhead = {};
   m_body.reset();
   return true;
 }
@@ -146,22 +174,18 @@ const QPixmap& TaskStickyCard::pixmap(PaperLift paperLift, double scale) {
 
 const TaskStickyCard::Posed& TaskStickyCard::posed(double angle, double scale) {
   if (!m_posed.pixmap.isNull() && m_posed.angle == angle && m_posed.scale == scale) return m_posed;
-  QTransform turn;
-  turn.translate(pivot().x(), pivot().y());
-  turn.rotate(angle);
-  turn.translate(-pivot().x(), -pivot().y());
-  constexpr double kMargin = CardFace::kMargin;
-  const QRectF face(-kMargin, -kMargin, CardFace::kWidth + 2 * kMargin, CardFace::kHeight + 2 * kMargin);
-  const QRect bounds = turn.mapRect(face).toAlignedRect();
-  m_posed = {clearPixmap(bounds.size(), scale), bounds.topLeft(), angle, scale};
-  QPainter painter(&m_posed.pixmap);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.translate(-bounds.topLeft());
-  painter.setTransform(turn, true);
-  painter.drawPixmap(face.topLeft(), m_face.pixmap(PaperLift::Rest, scale));  // nothing is at its edges to be smoothed
-  painter.setRenderHint(QPainter::Antialiasing);
-  CardParts::paintCrushCircle(painter, m_face.circleCenter(), CardFace::kCircleDiameter, m_face.ink(), CircleState::Rest);
+  const auto ahead = std::exchange(m_posedAhead, {});
+  const bool isMeant = ahead.picture && ahead.angle == angle && ahead.scale == scale;
+  m_posed = isMeant ? ahead.picture->take() : pose(m_face, angle, scale);
   return m_posed;
+}
+
+std::function<void()> TaskStickyCard::poseAhead(double angle, double scale) {
+  // Icons are drawn by whatever serves their format, which knows the main thread alone.
+  if (!m_posed.pixmap.isNull() || !m_face.appIcon.isNull()) return {};
+  auto picture = std::make_shared<Ahead<Posed>>([face = m_face, angle, scale] { return pose(face, angle, scale); });
+  m_posedAhead = {angle, scale, picture};
+  return [picture] { picture->make(); };
 }
 
 TaskStickyCard::Hit TaskStickyCard::hit(const QPointF& point) const {

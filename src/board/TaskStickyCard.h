@@ -6,12 +6,14 @@
 #include "board/CardFace.h"
 #include "board/Glide.h"
 #include "board/NoteCrush.h"
+#include "effects/Ahead.h"
 #include "model/Task.h"
 #include "platform/DesktopGeometry.h"
 
 #include <QObject>
 
 #include <functional>
+#include <memory>
 
 namespace tarnwick {
 
@@ -67,6 +69,8 @@ class TaskStickyCard final : public QObject {
   };
   /// Cached per angle and scale.
   [[nodiscard]] const Posed& posed(double angle, double scale);
+  /// Work for another thread, after which `posed()` is ready; empty when there is none, or none that other threads can do.
+  [[nodiscard]] std::function<void()> poseAhead(double angle, double scale);
   /// Where the pin is that a card turns about.
   [[nodiscard]] static QPointF pivot() { return {CardFace::kWidth * 0.5, CardFace::kHeight * 0.4}; }
   /// A point in the card's own coordinates, upright.
@@ -103,6 +107,12 @@ class TaskStickyCard final : public QObject {
   Cached m_rest;
   Cached m_raised;
   Posed m_posed;
+  struct PosedAhead {
+    double angle = 0;
+    double scale = 0;
+    std::shared_ptr<Ahead<Posed>> picture;
+  };
+  PosedAhead m_posedAhead;
 };
 
 }  // namespace tarnwick

@@ -18,6 +18,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QThreadPool>
 #include <QWindow>
 
 namespace tarnwick {
@@ -28,6 +29,11 @@ constexpr QRgb kOpaqueGround = 0xFF1E2229;
 constexpr double kShadowOffset = 8;
 constexpr double kShadowSigma = 14;
 constexpr double kShadowAlpha = 0.35;
+
+void paintShadowAround(QPainter& painter, const QRectF& board) {
+  constexpr double kRadius = FloatingPanel::kCornerRadius;
+  paintBoxShadow(painter, board, kRadius, kRadius, kShadowOffset, kShadowSigma, kShadowAlpha);
+}
 
 QPainterPath rounded(const QRectF& rect, double radius) {
   QPainterPath path;
@@ -67,6 +73,16 @@ FloatingPanel::~FloatingPanel() = default;
 
 // --- Presenting and dismissing ---
 
+void FloatingPanel::drawAhead() const {
+  if (!m_isComposited) return;
+  QThreadPool::globalInstance()->start([scale = devicePixelRatioF()] {
+    QImage none(1, 1, QImage::Format_ARGB32_Premultiplied);
+    none.setDevicePixelRatio(scale);
+    QPainter painter(&none);
+    paintShadowAround(painter, QRectF(0, 0, kSide, kSide));
+  });
+}
+
 void FloatingPanel::toggle() {
   if (isPresented() && !m_isDismissing) {
     dismiss();
@@ -78,6 +94,7 @@ void FloatingPanel::toggle() {
 void FloatingPanel::present() {
   m_isDismissing = false;
   if (m_motion && m_motion->kind == MotionKind::Tuck) endMotion();
+  if (!m_isPlaced) drawAhead();
   const auto pivot = anchorToStatusItem();
   if (isVeiled()) return;
   const bool isShownWhole = isVisible() && m_alpha >= 1;
@@ -90,6 +107,8 @@ void FloatingPanel::present() {
   } else {
     setAlpha(1);
   }
+  // Only now: it asks the server, which is busy with the window, while the picture could be drawn.
+  m_ports.windowServer.activate(*windowHandle());
   Q_EMIT presented();
 }
 
@@ -129,7 +148,6 @@ void FloatingPanel::showInFront() {
     m_ports.windowServer.setSharing(window, m_sharing);
     applyCompositing();
   }
-  m_ports.windowServer.activate(*windowHandle());
 }
 
 QPointF FloatingPanel::pivotFor(const DesktopRect& anchor) const {
@@ -175,10 +193,14 @@ QPointF FloatingPanel::tuckPivot() const {
 void FloatingPanel::startMotion(BoardMotion motion) {
   if (motion.scale == MotionScale::Full && m_picture.isNull()) {
     const double scale = devicePixelRatioF();
-    m_picture = QPixmap(m_content->size() * scale);
+    m_picture = QPixmap(size() * scale);
     m_picture.setDevicePixelRatio(scale);
     m_picture.fill(Qt::transparent);
-    m_content->render(&m_picture, {}, {}, QWidget::DrawChildren);
+    {
+      QPainter painter(&m_picture);
+      paintShadowAround(painter, boardRect());
+    }
+    m_content->render(&m_picture, boardRect().topLeft(), {}, QWidget::DrawChildren);
     // The content stays alive and keeps the keyboard, only out of sight: its picture moves in its stead.
     m_content->move(width() + kSide, 0);
   }
@@ -221,6 +243,8 @@ void FloatingPanel::setAlpha(double alpha) {
 }
 
 // --- Window ---
+
+QRect FloatingPanel::boardRect() const { return {rim(), rim(), kSide, kSide}; }
 
 int FloatingPanel::rim() const { return m_isComposited ? kShadowMargin : 1; }
 
@@ -310,19 +334,19 @@ void FloatingPanel::paintEvent(QPaintEvent*) {
   // Its first picture shall be seen; until the first frame is due it would be transparent.
   if (m_motion && m_alpha <= 0) setAlpha(m_motion->alpha(motionTime()));
   QPainter painter(this);
-  const QRectF board(rim(), rim(), kSide, kSide);
   if (!m_isComposited) {
     painter.fillRect(rect(), Qt::black);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(rounded(board, kCornerRadius), QColor::fromRgb(kOpaqueGround));
+    painter.fillPath(rounded(boardRect(), kCornerRadius), QColor::fromRgb(kOpaqueGround));
     return;
   }
-  if (!m_picture.isNull() && m_motion) {
-    painter.setTransform(m_motion->transform(motionTime()), true);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  if (m_picture.isNull() || !m_motion) {
+    paintShadowAround(painter, boardRect());
+    return;
   }
-  paintBoxShadow(painter, board, kCornerRadius, kCornerRadius, kShadowOffset, kShadowSigma, kShadowAlpha);
-  if (!m_picture.isNull()) painter.drawPixmap(board.topLeft(), m_picture);
+  painter.setTransform(m_motion->transform(motionTime()), true);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawPixmap(0, 0, m_picture);
 }
 
 void FloatingPanel::forwardMouse(QMouseEvent* event) {

@@ -115,7 +115,11 @@ class FloatingPanel final : public QWidget, public TornNotes {
   /// Margins, mask and input shape for a desktop with or without a compositor.
   void applyCompositing();
   void applySharing();
+  /// The board within the window.
+  [[nodiscard]] QRect boardRect() const;
   void showInFront();
+  /// Has another thread draw what is around the board.
+  void drawAhead() const;
   void startMotion(BoardMotion motion);
   void stepMotion();
   /// Seconds since it began.
@@ -156,7 +160,7 @@ class FloatingPanel final : public QWidget, public TornNotes {
   double m_alpha = 1;
   std::optional<BoardMotion> m_motion;
   std::chrono::nanoseconds m_motionStart{0};
-  QPixmap m_picture;  // of the content, while it moves
+  QPixmap m_picture;  // of the whole panel, while it moves
   std::optional<QPointF> m_dragOffset;  // from the frame's top-left corner to the pointer, Qt's coordinates
   QPointer<QWidget> m_pressed;          // the part of the content that a press during the drop was meant for
   Registration m_frames;

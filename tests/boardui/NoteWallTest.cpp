@@ -7,6 +7,8 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include <thread>
+
 namespace tarnwick::test {
 namespace {
 
@@ -51,6 +53,29 @@ TEST_F(Wall, makesCardsOnlyForWhatIsInView) {
   EXPECT_LT(wall().cardObjectCount(), 40);
   const QRectF card = wall().cardRect(wall().indexOf(*wall().selection()));
   EXPECT_TRUE(QRectF(wall().rect()).contains(card)) << "the selected card came into view";
+}
+
+TEST_F(Wall, showsWhatAnotherThreadHasDrawnAheadUnlessTheNoteHasChangedSince) {
+  const auto notes = addNotes(1);
+  open();
+  auto& card = *wall().card(notes.front()->id());
+  const auto changeAndDrawAhead = [&] {
+    card.cycleColor();
+    std::jthread(card.poseAhead(2, 1)).join();
+  };
+  const auto shown = [&](double angle) { return card.posed(angle, 1).pixmap.toImage(); };
+  const auto drawnHere = [&] {
+    (void)shown(3);  // only the last pose is kept
+    return shown(2);
+  };
+  changeAndDrawAhead();
+  const QImage ahead = shown(2);
+  EXPECT_EQ(drawnHere(), ahead);
+  changeAndDrawAhead();
+  card.cycleColor();
+  const QImage late = shown(2);
+  EXPECT_EQ(drawnHere(), late) << "of what was drawn too early nothing is shown";
+  EXPECT_FALSE(card.poseAhead(2, 1)) << "it is drawn already";
 }
 
 TEST_F(Wall, crushesFromTheCircleTheWholeHitAreaOver) {

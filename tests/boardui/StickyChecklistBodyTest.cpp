@@ -207,20 +207,24 @@ TEST(CardPicture, differsForEverythingThatLiesOnTheCard) {
   EXPECT_TRUE(differs([](auto& f) { f.mark = u"ot"_s; }));
 }
 
-TEST(CardPicture, isLargeEnoughForTheShadowOfARaisedCard) {
-  for (const auto theme : {PaperTheme::plain, PaperTheme::construction}) {
-    CardFace face;
-    face.colorHex = u"#FFE169"_s;
-    face.theme = theme;
-    const QImage image = face.pixmap(PaperLift::Raised, 1).toImage();
-    int strongest = 0;
-    for (int x = 0; x < image.width(); ++x) {
-      strongest = std::max({strongest, qAlpha(image.pixel(x, 0)), qAlpha(image.pixel(x, image.height() - 1))});
+TEST(CardPicture, isLargeEnoughForItsShadow) {
+  for (const auto lift : {PaperLift::Rest, PaperLift::Raised}) {
+    for (const auto theme : {PaperTheme::plain, PaperTheme::construction}) {
+      CardFace face;
+      face.colorHex = u"#FFE169"_s;
+      face.theme = theme;
+      face.tag = TaskTag::blue;
+      face.isDaily3 = true;
+      const QImage image = face.pixmap(lift, 1).toImage();
+      int strongest = 0;
+      for (int x = 0; x < image.width(); ++x) {
+        strongest = std::max({strongest, qAlpha(image.pixel(x, 0)), qAlpha(image.pixel(x, image.height() - 1))});
+      }
+      for (int y = 0; y < image.height(); ++y) {
+        strongest = std::max({strongest, qAlpha(image.pixel(0, y)), qAlpha(image.pixel(image.width() - 1, y))});
+      }
+      EXPECT_LE(strongest, 2) << "a hard edge where the shadow should run out";
     }
-    for (int y = 0; y < image.height(); ++y) {
-      strongest = std::max({strongest, qAlpha(image.pixel(0, y)), qAlpha(image.pixel(image.width() - 1, y))});
-    }
-    EXPECT_LE(strongest, 2) << "a hard edge where the shadow should run out";
   }
 }
 
@@ -235,7 +239,7 @@ TEST(CardPicture, keepsItsFootBelowTheToolsThatCoverIt) {
       locked.isPrivate = true;
       const QImage without = open.pixmap(PaperLift::Rest, 1).toImage();
       const QImage with = locked.pixmap(PaperLift::Rest, 1).toImage();
-      const QRectF bar = locked.hoverBarRect().translated(CardFace::kMargin, CardFace::kMargin);
+      const QRectF bar = locked.hoverBarRect().translated(CardFace::kRestMargin, CardFace::kRestMargin);
       int covered = 0;
       int uncovered = 0;
       for (int y = 0; y < with.height(); ++y) {
@@ -256,8 +260,8 @@ TEST(CardPicture, showsAnOverdueDateOnAFilledPlate) {
     face.colorHex = u"#FFE169"_s;
     face.due = CardParts::DueLabel{u"Nov 12"_s, isOverdue, false};
     const QImage image = face.pixmap(PaperLift::Rest, 1).toImage();
-    return image.pixelColor(static_cast<int>(CardFace::kMargin) + 14,
-                            static_cast<int>(CardFace::kMargin + CardFace::kHeight) - 12);
+    return image.pixelColor(static_cast<int>(CardFace::kRestMargin) + 14,
+                            static_cast<int>(CardFace::kRestMargin + CardFace::kHeight) - 12);
   };
   EXPECT_EQ(plateOf(true).name(), u"#a3171e"_s);
   EXPECT_GT(plateOf(false).lightness(), 180);

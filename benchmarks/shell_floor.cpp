@@ -67,7 +67,8 @@ int main(int argc, char** argv) {
     return {0, {}, {}};
   };
   if (instance.acquire(std::move(handlers)) == tarnwick::InstanceRole::Second) return 1;
-  tarnwick::X11HotKeys keys;
+  tarnwick::XcbConnection server;
+  tarnwick::X11HotKeys keys(server);
   const auto chord = keys.registerChord(u"Meta+Shift+T"_s, toggle);
   return QApplication::exec();
 }

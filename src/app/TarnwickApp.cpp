@@ -15,6 +15,7 @@
 #include "linux/time/QtScheduler.h"
 #include "linux/time/SystemClock.h"
 #include "linux/x11/TextScale.h"
+#include "linux/x11/XcbLink.h"
 #include "platform/Instance.h"
 #include "platform/Scheduler.h"
 #include "platform/Workspace.h"
@@ -86,14 +87,14 @@ void installTranslations(QCoreApplication& application) {
 /// Variables as Qt shall find them when it starts; programs that are opened from here get those of the user.
 class StartVariables {
  public:
-  StartVariables() {
+  explicit StartVariables(const XcbLink& server) {
     // Everything is painted by ourselves: the desktop's theme plug-in would cost tens of milliseconds and megabytes.
     set("QT_QPA_PLATFORMTHEME", "generic");
     // In a Wayland session windows keep their place and level only through XWayland.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
       set("QT_QPA_PLATFORM", "xcb");
     }
-    const double textScale = desktopTextScale();
+    const double textScale = desktopTextScale(server);
     if (textScale <= 1) return;
     bool isGiven = false;
     const double given = qgetenv("QT_SCALE_FACTOR").toDouble(&isGiven);
@@ -140,10 +141,17 @@ bool hasDisplay() {
 }
 
 AppPorts portsOf(LinuxPorts& ports) {
-  return {ports.clock(),         ports.scheduler(),     ports.screens(), ports.workspace(), ports.windowServer(),
-          ports.otherWindows(),  ports.accessibility(), ports.hotKeys(), ports.notifications(), ports.audio(),
-          ports.haptics(),       ports.power(),         ports.captureWatch(), ports.loginItem(),
-          ports.dockPreferences(), ports.session(), processFacts};
+  // What asks the X server, in a session of its own, comes first: meanwhile the buses let us in.
+  auto& screens = ports.screens();
+  auto& windowServer = ports.windowServer();
+  auto& otherWindows = ports.otherWindows();
+  auto& hotKeys = ports.hotKeys();
+  return {ports.clock(),     ports.scheduler(),     screens,
+          ports.workspace(), windowServer,          otherWindows,
+          ports.accessibility(), hotKeys,           ports.notifications(),
+          ports.audio(),     ports.haptics(),       ports.power(),
+          ports.captureWatch(), ports.loginItem(),  ports.dockPreferences(),
+          ports.session(),   processFacts};
 }
 
 int runProgram(int& argc, char** argv, const QStringList& words) {
@@ -152,7 +160,8 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
     return 1;
   }
   keepHeapSmall();
-  StartVariables variables;
+  XcbLink server = XcbLink::opened();  // for the scale of text, and for the ports
+  StartVariables variables(server);
   QApplication::setStyle(new HouseStyle);
   QApplication application(argc, argv);
   variables.giveBack();
@@ -163,7 +172,7 @@ int runProgram(int& argc, char** argv, const QStringList& words) {
   QApplication::setQuitOnLastWindowClosed(false);
 
   const std::jthread fonts(tokens::findFamily);  // while ports and store are opened
-  LinuxPorts ports;
+  LinuxPorts ports(std::move(server));
   AppDelegate delegate(portsOf(ports), {persistentStorePath(), settingsPath()});
   // Not quit(): that asks every window first, and the board and the notes never close, they only hide.
   const auto end = [] { QCoreApplication::exit(0); };

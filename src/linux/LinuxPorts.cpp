@@ -24,6 +24,7 @@
 #include "linux/xdg/XdgAutostartLoginItem.h"
 #include "platform/Unavailable.h"
 
+#include <QDBusConnection>
 #include <QGuiApplication>
 
 namespace tarnwick {
@@ -31,6 +32,11 @@ namespace tarnwick {
 namespace {
 
 QString withoutX11() { return QGuiApplication::tr("needs an X11 display"); }
+
+void connectToBuses() {
+  (void)QDBusConnection::sessionBus();
+  (void)QDBusConnection::systemBus();
+}
 
 /// The port's adapter, made at the first call.
 template <typename Port, typename Make>
@@ -41,9 +47,9 @@ Port& lazily(std::unique_ptr<Port>& slot, Make make) {
 
 }  // namespace
 
-LinuxPorts::LinuxPorts() {
+LinuxPorts::LinuxPorts(XcbLink server) : m_buses(connectToBuses) {
   if (QGuiApplication::platformName() != u"xcb") return;
-  m_x = std::make_unique<XcbConnection>();
+  m_x = std::make_unique<XcbConnection>(server.isUsable() ? std::move(server) : XcbLink::opened());
   if (!m_x->isUsable()) m_x.reset();
 }
 
@@ -104,9 +110,7 @@ HotKeys& LinuxPorts::hotKeys() {
     if (session() == u"wayland") {
       if (auto keys = std::make_unique<PortalHotKeys>(); keys->traits().isAvailable) return keys;
     }
-    if (isX11()) {
-      if (auto keys = std::make_unique<X11HotKeys>(); keys->isUsable()) return keys;
-    }
+    if (isX11()) return std::make_unique<X11HotKeys>(*m_x);
     return std::make_unique<UnavailableHotKeys>(withoutX11());
   });
 }

@@ -3,9 +3,12 @@
 // the application object; adapters come into being when they are first asked for.
 #pragma once
 
+#include "linux/x11/XcbLink.h"
+
 #include <QString>
 
 #include <memory>
+#include <thread>
 
 namespace tarnwick {
 
@@ -30,7 +33,8 @@ class XcbConnection;
 
 class LinuxPorts final {
  public:
-  LinuxPorts();
+  /// Takes the connection over that was opened before Qt's, if there is one.
+  explicit LinuxPorts(XcbLink server = {});
   ~LinuxPorts();
   LinuxPorts(const LinuxPorts&) = delete;
   LinuxPorts& operator=(const LinuxPorts&) = delete;
@@ -59,6 +63,7 @@ class LinuxPorts final {
   [[nodiscard]] bool isX11() const { return m_x != nullptr; }
   PlankDock& plank();
 
+  std::jthread m_buses;  // connects to them, which takes its time
   std::unique_ptr<XcbConnection> m_x;  // null where Qt does not draw through X11
   std::unique_ptr<Clock> m_clock;
   std::unique_ptr<Scheduler> m_scheduler;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "linux/x11/TextScale.h"
 
+#include "linux/x11/XcbLink.h"
+
 #include <QSettings>
 #include <QStandardPaths>
 #include <QtEndian>
@@ -55,12 +57,8 @@ std::unique_ptr<T, decltype(&std::free)> kept(T* reply) {
   return {reply, &std::free};
 }
 
-// On a connection of its own that ends at once: the scale is needed before anything else speaks with the server.
-QByteArray publishedSettings() {
-  int number = 0;
-  const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> server(xcb_connect(nullptr, &number), &xcb_disconnect);
-  if (xcb_connection_has_error(server.get()) != 0) return {};
-  const auto selection = "_XSETTINGS_S" + QByteArray::number(number);
+QByteArray publishedSettings(const XcbLink& server) {
+  const auto selection = "_XSETTINGS_S" + QByteArray::number(server.screenNumber());
   const QByteArray settings("_XSETTINGS_SETTINGS");
   const auto ask = [&](const QByteArray& name) {
     return xcb_intern_atom(server.get(), 1, static_cast<uint16_t>(name.size()), name.constData());
@@ -121,10 +119,10 @@ std::optional<double> textScaleOf(const QString& font) {
   return points <= kLargestUsual ? 1 : std::min(points / kUsual, kMost);
 }
 
-double desktopTextScale() {
+double desktopTextScale(const XcbLink& server) {
   // For those who enlarge the letters of this toolkit alone.
   if (const int dots = qEnvironmentVariableIntValue("QT_FONT_DPI"); dots > 0) return std::clamp(dots / 96.0, 1.0, kMost);
-  auto font = qEnvironmentVariableIsEmpty("DISPLAY") ? std::nullopt : xSetting(publishedSettings(), "Gtk/FontName");
+  auto font = server.isUsable() ? xSetting(publishedSettings(server), "Gtk/FontName") : std::nullopt;
   if (!font) font = fontInFiles();
   return textScaleOf(*font).value_or(1);
 }

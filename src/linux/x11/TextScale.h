@@ -10,8 +10,10 @@
 
 namespace tarnwick {
 
+class XcbLink;
+
 /// From 1, which is a font of the usual size, to 1.75. Asks what the X server publishes, else the desktop's files.
-[[nodiscard]] double desktopTextScale();
+[[nodiscard]] double desktopTextScale(const XcbLink& server);
 
 /// The same for a font as desktops write it: "Cantarell Bold 13", "Noto Sans,13,-1,5,50". Nothing where no size is named.
 [[nodiscard]] std::optional<double> textScaleOf(const QString& font);

@@ -20,8 +20,8 @@ struct X11HotKeys::Grab {
   bool isDown = false;
 };
 
-X11HotKeys::X11HotKeys() : m_grabs(std::make_shared<std::vector<std::shared_ptr<Grab>>>()) {
-  if (!m_x.isUsable()) return;
+X11HotKeys::X11HotKeys(XcbConnection& connection)
+    : m_x(connection), m_grabs(std::make_shared<std::vector<std::shared_ptr<Grab>>>()) {
   m_symbols = xcb_key_symbols_alloc(m_x.get());
   readModifiers();
   m_events = m_x.onEvent([this](const auto& event) { handle(event); });
@@ -37,7 +37,7 @@ PortTraits X11HotKeys::traits() const { return PortTraits::served(QStringLiteral
 
 HotKeyRegistration X11HotKeys::registerChord(const QString& text, std::function<void()> work) {
   const auto chord = x11ChordFromText(text);
-  if (!chord || !m_x.isUsable()) return {kBadValue, {}};
+  if (!chord) return {kBadValue, {}};
   auto entry = std::make_shared<Grab>(Grab{*chord, std::move(work)});
   if (const int status = grab(*entry); status != 0) return {status, {}};
   m_grabs->push_back(entry);

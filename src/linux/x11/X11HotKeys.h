@@ -15,10 +15,9 @@ namespace tarnwick {
 
 class X11HotKeys final : public HotKeys {
  public:
-  X11HotKeys();
+  explicit X11HotKeys(XcbConnection& connection);
   ~X11HotKeys() override;
 
-  [[nodiscard]] bool isUsable() const { return m_x.isUsable(); }
   [[nodiscard]] PortTraits traits() const override;
   /// The status is the number of the X error: 10 when another program has the chord.
   [[nodiscard]] HotKeyRegistration registerChord(const QString& chord, std::function<void()> work) override;
@@ -36,7 +35,7 @@ class X11HotKeys final : public HotKeys {
   [[nodiscard]] uint8_t keyCodeOf(const X11Chord& chord) const;
   [[nodiscard]] bool isKeyDown(uint8_t keyCode) const;
 
-  XcbConnection m_x;
+  XcbConnection& m_x;
   xcb_key_symbols_t* m_symbols = nullptr;
   uint16_t m_numLock = XCB_MOD_MASK_2;
   std::shared_ptr<std::vector<std::shared_ptr<Grab>>> m_grabs;

@@ -41,8 +41,7 @@ void X11Screens::handle(const xcb_generic_event_t& event) {
     const auto& change = eventAs<xcb_property_notify_event_t>(event);
     if (change.window == m_x.root()) {
       if (change.atom == m_x.atom("_NET_CLIENT_LIST")) {
-        watchPanels();
-        refresh();
+        if (watchPanels()) refresh();
       } else if (change.atom == m_x.atom("_NET_WORKAREA")) {
         refresh();
       }
@@ -52,19 +51,24 @@ void X11Screens::handle(const xcb_generic_event_t& event) {
   }
 }
 
-void X11Screens::watchPanels() {
+bool X11Screens::watchPanels() {
   const auto clients = m_x.cardinals(m_x.root(), "_NET_CLIENT_LIST");
-  std::erase_if(m_panels, [&](const auto& entry) {
+  bool hasChanged = std::erase_if(m_panels, [&](const auto& entry) {
     return std::find(clients.begin(), clients.end(), entry.first) == clients.end();
-  });
+  }) > 0;
   for (const auto window : clients) {
     if (m_panels.contains(window)) continue;
     const auto types = m_x.cardinals(window, "_NET_WM_WINDOW_TYPE");
     const bool isDock = std::find(types.begin(), types.end(), m_x.atom("_NET_WM_WINDOW_TYPE_DOCK")) != types.end();
-    if (isDock || !m_x.property(window, "_NET_WM_STRUT_PARTIAL").isEmpty()) {
+    const auto keepsRoom = [&] {
+      return !m_x.property(window, "_NET_WM_STRUT_PARTIAL").isEmpty() || !m_x.property(window, "_NET_WM_STRUT").isEmpty();
+    };
+    if (isDock || keepsRoom()) {
       m_panels.emplace(window, m_x.select(window, XCB_EVENT_MASK_PROPERTY_CHANGE));
+      hasChanged = true;
     }
   }
+  return hasChanged;
 }
 
 void X11Screens::refresh() {

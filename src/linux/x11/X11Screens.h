@@ -25,7 +25,8 @@ class X11Screens final : public QObject, public Screens {
 
  private:
   void handle(const xcb_generic_event_t& event);
-  void watchPanels();
+  /// True when panels came or went.
+  bool watchPanels();
   void refresh();
   [[nodiscard]] std::vector<ScreenFacts> compute() const;
   [[nodiscard]] bool hasCompositor() const;

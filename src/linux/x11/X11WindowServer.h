@@ -51,7 +51,7 @@ class X11WindowServer final : public QObject, public WindowServer {
   xcb_window_t m_root;
   struct Atoms {
     xcb_atom_t desktop, activeWindow, restack, state, below, above, skipTaskbar, skipPager, gtkExtents, wmCheck, supported, stacking;
-  } m_atoms;
+  } m_atoms{};
   QHash<const QObject*, Wishes> m_wishes;
 };
 

@@ -18,7 +18,7 @@ namespace {
 
 // Window managers publish "none" for a moment between two windows.
 constexpr std::chrono::milliseconds kNothingInFrontDelay(150);
-constexpr std::chrono::milliseconds kAfterStart(100);
+constexpr std::chrono::milliseconds kReadingDelay(100);
 
 /// One process may serve the windows of several applications: an office suite's, a browser's installed pages, all that
 /// comes through one tunnel from another machine.
@@ -48,8 +48,7 @@ X11Workspace::X11Workspace(XcbConnection& connection, Scheduler& scheduler)
   m_handles.push_back(m_x.select(m_x.root(), XCB_EVENT_MASK_PROPERTY_CHANGE));
   m_handles.push_back(m_x.onEvent([this](const auto& event) { handle(event); }));
   readFront();
-  // What has windows already is watched to tell when it ends; nobody asks for that while the program starts.
-  m_firstRead = m_scheduler.after(kAfterStart, [this] { readClients(); });
+  readClientsSoon();
 }
 
 X11Workspace::~X11Workspace() = default;
@@ -80,7 +79,7 @@ void X11Workspace::handle(const xcb_generic_event_t& event) {
   const auto& change = eventAs<xcb_property_notify_event_t>(event);
   if (change.window != m_x.root()) return;
   if (change.atom == m_x.atom("_NET_CLIENT_LIST")) {
-    readClients();
+    readClientsSoon();
     if (!m_front) readFront();  // a new window may get the keyboard before it is listed
   }
   if (change.atom == m_x.atom("_NET_ACTIVE_WINDOW")) readFront();
@@ -126,8 +125,13 @@ void X11Workspace::setFront(std::optional<RunningApplication> application) {
   if (application) m_activated.notify(*application);
 }
 
+void X11Workspace::readClientsSoon() {
+  // What has windows is watched to tell when it ends; nobody asks for that while a program or a window of ours comes up.
+  if (!m_reading.isHeld()) m_reading = m_scheduler.after(kReadingDelay, [this] { readClients(); });
+}
+
 void X11Workspace::readClients() {
-  m_firstRead.cancel();
+  m_reading.cancel();
   const auto windows = m_x.cardinals(m_x.root(), "_NET_CLIENT_LIST");
   for (const auto window : windows) {
     if (std::find(m_known.begin(), m_known.end(), window) != m_known.end()) continue;

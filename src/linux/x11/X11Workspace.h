@@ -38,6 +38,7 @@ class X11Workspace final : public QObject, public Workspace {
   void handle(const xcb_generic_event_t& event);
   void readFront();
   void setFront(std::optional<RunningApplication> application);
+  void readClientsSoon();
   void readClients();
   [[nodiscard]] RunningApplication describe(xcb_window_t window, qint64 pid) const;
   void watch(const RunningApplication& application);
@@ -53,7 +54,7 @@ class X11Workspace final : public QObject, public Workspace {
   std::map<qint64, std::unique_ptr<Process>> m_processes;
   std::vector<xcb_window_t> m_known;  // clients that were looked at
   Registration m_nothingInFront;
-  Registration m_firstRead;
+  Registration m_reading;
   std::vector<Registration> m_handles;
   Observers<const RunningApplication&> m_activated;
   Observers<const RunningApplication&> m_deactivated;

@@ -7,9 +7,23 @@
 #include <xcb/res.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
+#include <utility>
 
 namespace tarnwick {
+
+namespace {
+
+/// What nearly every session asks for.
+constexpr std::array kUsualAtoms = {
+    "WM_CLASS", "_GTK_APPLICATION_ID", "_GTK_FRAME_EXTENTS", "_KDE_NET_WM_DESKTOP_FILE", "_NET_ACTIVE_WINDOW",
+    "_NET_CLIENT_LIST", "_NET_CLIENT_LIST_STACKING", "_NET_FRAME_EXTENTS", "_NET_WM_STATE", "_NET_WM_STATE_SKIP_TASKBAR",
+    "_NET_WM_STRUT", "_NET_WM_STRUT_PARTIAL", "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DESKTOP",
+    "_NET_WM_WINDOW_TYPE_DIALOG", "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_NORMAL", "_NET_WM_WINDOW_TYPE_UTILITY",
+    "_NET_WORKAREA"};
+
+}  // namespace
 
 struct XcbConnection::Selections {
   xcb_connection_t* connection = nullptr;
@@ -25,43 +39,50 @@ struct XcbConnection::Selections {
   }
 };
 
-XcbConnection::XcbConnection() : m_selections(std::make_shared<Selections>()) {
-  m_connection = xcb_connect(nullptr, &m_screenNumber);
-  if (xcb_connection_has_error(m_connection) != 0) return;
-  m_selections->connection = m_connection;
-  auto screens = xcb_setup_roots_iterator(xcb_get_setup(m_connection));
-  for (int i = 0; i < m_screenNumber && screens.rem > 1; ++i) xcb_screen_next(&screens);
+XcbConnection::XcbConnection(XcbLink link) : m_link(std::move(link)), m_selections(std::make_shared<Selections>()) {
+  if (!m_link.isUsable()) return;
+  m_selections->connection = get();
+  auto screens = xcb_setup_roots_iterator(xcb_get_setup(get()));
+  for (int i = 0; i < screenNumber() && screens.rem > 1; ++i) xcb_screen_next(&screens);
   m_root = screens.data->root;
-  if (const auto* resources = xcb_get_extension_data(m_connection, &xcb_res_id); resources && resources->present) {
+  if (const auto* resources = xcb_get_extension_data(get(), &xcb_res_id); resources && resources->present) {
     const XcbReply<xcb_res_query_version_reply_t> version(
-        xcb_res_query_version_reply(m_connection, xcb_res_query_version(m_connection, 1, 2), nullptr));
+        xcb_res_query_version_reply(get(), xcb_res_query_version(get(), 1, 2), nullptr));
     m_knowsClients = version && (version->server_major > 1 || version->server_minor >= 2);
   }
-  m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read);
+  learnAtoms(kUsualAtoms);
+  m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(get()), QSocketNotifier::Read);
   connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] { drain(); });
 }
 
 XcbConnection::~XcbConnection() {
   m_notifier.reset();
   m_selections.reset();
-  xcb_disconnect(m_connection);
 }
 
 xcb_atom_t XcbConnection::atom(const char* name) const {
   const QByteArray key(name);
   if (const auto found = m_atoms.constFind(key); found != m_atoms.constEnd()) return *found;
-  const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(
-      m_connection, xcb_intern_atom(m_connection, 0, static_cast<uint16_t>(key.size()), name), nullptr));
+  learnAtoms({&name, 1});
+  return m_atoms.value(key);
+}
+
+void XcbConnection::learnAtoms(std::span<const char* const> names) const {
+  std::vector<xcb_intern_atom_cookie_t> cookies;
+  for (const char* name : names) {
+    cookies.push_back(xcb_intern_atom(get(), 0, static_cast<uint16_t>(std::strlen(name)), name));
+  }
+  for (size_t i = 0; i < names.size(); ++i) {
+    const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(get(), cookies[i], nullptr));
+    m_atoms.insert(QByteArray(names[i]), reply ? reply->atom : xcb_atom_t{XCB_NONE});
+  }
   keepEvents();
-  const xcb_atom_t atom = reply ? reply->atom : XCB_NONE;
-  m_atoms.insert(key, atom);
-  return atom;
 }
 
 QByteArray XcbConnection::property(xcb_window_t window, const char* name) const {
   constexpr uint32_t kMostWords = 16384;
   const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-      m_connection, xcb_get_property(m_connection, 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, kMostWords),
+      get(), xcb_get_property(get(), 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, kMostWords),
       nullptr));
   keepEvents();
   if (!reply) return {};
@@ -86,7 +107,7 @@ std::optional<qint64> XcbConnection::localPid(xcb_window_t window) const {
   if (!m_knowsClients) return std::nullopt;
   const xcb_res_client_id_spec_t wanted{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
   const XcbReply<xcb_res_query_client_ids_reply_t> reply(
-      xcb_res_query_client_ids_reply(m_connection, xcb_res_query_client_ids(m_connection, 1, &wanted), nullptr));
+      xcb_res_query_client_ids_reply(get(), xcb_res_query_client_ids(get(), 1, &wanted), nullptr));
   keepEvents();
   if (!reply) return std::nullopt;
   for (auto ids = xcb_res_query_client_ids_ids_iterator(reply.get()); ids.rem > 0; xcb_res_client_id_value_next(&ids)) {
@@ -103,11 +124,11 @@ std::vector<xcb_window_t> XcbConnection::clients() const {
 }
 
 std::optional<QRect> XcbConnection::geometry(xcb_window_t window) const {
-  const auto sizeCookie = xcb_get_geometry(m_connection, window);
-  const auto placeCookie = xcb_translate_coordinates(m_connection, window, m_root, 0, 0);
-  const XcbReply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(m_connection, sizeCookie, nullptr));
+  const auto sizeCookie = xcb_get_geometry(get(), window);
+  const auto placeCookie = xcb_translate_coordinates(get(), window, m_root, 0, 0);
+  const XcbReply<xcb_get_geometry_reply_t> size(xcb_get_geometry_reply(get(), sizeCookie, nullptr));
   const XcbReply<xcb_translate_coordinates_reply_t> place(
-      xcb_translate_coordinates_reply(m_connection, placeCookie, nullptr));
+      xcb_translate_coordinates_reply(get(), placeCookie, nullptr));
   keepEvents();
   if (!size || !place) return std::nullopt;
   return QRect(place->dst_x, place->dst_y, size->width, size->height);
@@ -128,7 +149,7 @@ std::optional<QRect> XcbConnection::frame(xcb_window_t window) const {
 
 bool XcbConnection::isViewable(xcb_window_t window) const {
   const XcbReply<xcb_get_window_attributes_reply_t> reply(
-      xcb_get_window_attributes_reply(m_connection, xcb_get_window_attributes(m_connection, window), nullptr));
+      xcb_get_window_attributes_reply(get(), xcb_get_window_attributes(get(), window), nullptr));
   keepEvents();
   return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
@@ -136,7 +157,7 @@ bool XcbConnection::isViewable(xcb_window_t window) const {
 std::optional<xcb_window_t> XcbConnection::topmostAncestor(xcb_window_t window) const {
   for (xcb_window_t current = window;;) {
     const XcbReply<xcb_query_tree_reply_t> reply(
-        xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, current), nullptr));
+        xcb_query_tree_reply(get(), xcb_query_tree(get(), current), nullptr));
     keepEvents();
     if (!reply) return std::nullopt;
     if (reply->parent == m_root || reply->parent == XCB_NONE) return current;
@@ -168,14 +189,14 @@ void XcbConnection::sendToRoot(xcb_window_t about, const char* type, std::initia
   event.window = about;
   event.type = atom(type);
   std::copy_n(data.begin(), std::min<size_t>(data.size(), 5), event.data.data32);
-  xcb_send_event(m_connection, 0, m_root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+  xcb_send_event(get(), 0, m_root, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
                  reinterpret_cast<const char*>(&event));
-  xcb_flush(m_connection);
+  xcb_flush(get());
 }
 
 void XcbConnection::keepEvents() const {
   const bool wasEmpty = m_kept.empty();
-  while (auto* event = xcb_poll_for_queued_event(m_connection)) m_kept.emplace_back(event);
+  while (auto* event = xcb_poll_for_queued_event(get())) m_kept.emplace_back(event);
   if (!wasEmpty || m_kept.empty()) return;
   auto* self = const_cast<XcbConnection*>(this);
   QMetaObject::invokeMethod(self, [self] { self->drain(); }, Qt::QueuedConnection);
@@ -184,7 +205,7 @@ void XcbConnection::keepEvents() const {
 void XcbConnection::drain() {
   for (;;) {
     if (m_kept.empty()) {
-      auto* event = xcb_poll_for_event(m_connection);
+      auto* event = xcb_poll_for_event(get());
       if (!event) break;
       m_kept.emplace_back(event);
     }
@@ -193,7 +214,7 @@ void XcbConnection::drain() {
     if (event->response_type != 0) m_observers.notify(*event);
   }
   // The server is gone: Qt ends the program; until then an endless readable socket must not spin.
-  if (xcb_connection_has_error(m_connection) != 0) m_notifier->setEnabled(false);
+  if (xcb_connection_has_error(get()) != 0) m_notifier->setEnabled(false);
 }
 
 }  // namespace tarnwick

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "linux/Observers.h"
+#include "linux/x11/XcbLink.h"
 #include "platform/Registration.h"
 
 #include <QByteArray>
@@ -18,6 +19,7 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <span>
 #include <vector>
 
 class QSocketNotifier;
@@ -32,13 +34,13 @@ using XcbReply = std::unique_ptr<T, FreeDeleter>;
 
 class XcbConnection final : public QObject {
  public:
-  XcbConnection();
+  explicit XcbConnection(XcbLink link = XcbLink::opened());
   ~XcbConnection() override;
 
   [[nodiscard]] bool isUsable() const { return m_root != XCB_NONE; }
-  [[nodiscard]] xcb_connection_t* get() const { return m_connection; }
+  [[nodiscard]] xcb_connection_t* get() const { return m_link.get(); }
   [[nodiscard]] xcb_window_t root() const { return m_root; }
-  [[nodiscard]] int screenNumber() const { return m_screenNumber; }
+  [[nodiscard]] int screenNumber() const { return m_link.screenNumber(); }
   [[nodiscard]] xcb_atom_t atom(const char* name) const;
 
   /// Bytes of a property, of whatever type; empty when absent.
@@ -61,17 +63,18 @@ class XcbConnection final : public QObject {
   [[nodiscard]] Registration select(xcb_window_t window, uint32_t mask);
   [[nodiscard]] Registration onEvent(std::function<void(const xcb_generic_event_t&)> observer);
   void sendToRoot(xcb_window_t about, const char* type, std::initializer_list<uint32_t> data);
-  void flush() const { xcb_flush(m_connection); }
+  void flush() const { xcb_flush(get()); }
   /// To be called after each wait for a reply: events that came with it are delivered when the loop turns.
   void keepEvents() const;
 
  private:
   struct Selections;
+  /// All are asked for before the first answer is waited for.
+  void learnAtoms(std::span<const char* const> names) const;
   void drain();
 
-  xcb_connection_t* m_connection = nullptr;
+  XcbLink m_link;
   xcb_window_t m_root = XCB_NONE;
-  int m_screenNumber = 0;
   bool m_knowsClients = false;  // the server tells whose a window is
   std::unique_ptr<QSocketNotifier> m_notifier;
   mutable QHash<QByteArray, xcb_atom_t> m_atoms;

@@ -133,7 +133,7 @@ class Peer final {
   }
 
   XcbConnection m_x;
-  X11HotKeys m_keys;
+  X11HotKeys m_keys{m_x};
   DBusInstance m_instance;
   Registration m_chord;
   std::unique_ptr<Pane> m_pane;

@@ -11,7 +11,8 @@ if(TARGET tarnwick)
   install(TARGETS tarnwick RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 endif()
 if(TARGET tarnwick-desktop)
-  install(TARGETS tarnwick-desktop RUNTIME DESTINATION ${TARNWICK_LIBEXEC})
+  install(TARGETS tarnwick-desktop tarnwick-audio tarnwick-downloads
+    RUNTIME DESTINATION ${TARNWICK_LIBEXEC} LIBRARY DESTINATION ${TARNWICK_LIBEXEC})
 endif()
 
 install(FILES packaging/${TARNWICK_ID}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)

@@ -4,6 +4,10 @@
 <context>
     <name>Audio</name>
     <message>
+        <source>no sound library</source>
+        <translation>keine Tonbibliothek</translation>
+    </message>
+    <message>
         <source>no sound server</source>
         <translation>kein Tonserver</translation>
     </message>

@@ -81,7 +81,7 @@ struct AppDelegate::Parts {
         flight({ports.screens, ports.scheduler, ports.clock, ports.windowServer, ports.haptics, sound, trash}),
         reminders(ports.notifications, ports.clock),
         undo([this] { return torn(); }),
-        updates(defaults, ports.clock, ports.workspace, UpdateChecker::feedURL()) {}
+        updates(defaults, ports.clock, ports.workspace, ports.downloads, UpdateChecker::feedURL()) {}
 
   [[nodiscard]] TornNotes* torn() const { return panel.get(); }
 

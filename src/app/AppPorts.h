@@ -7,6 +7,7 @@
 #include "platform/CaptureWatch.h"
 #include "platform/Clock.h"
 #include "platform/DockPreferences.h"
+#include "platform/Downloads.h"
 #include "platform/Haptics.h"
 #include "platform/HotKeys.h"
 #include "platform/Instance.h"
@@ -38,6 +39,7 @@ struct AppPorts {
   CaptureWatch& captureWatch;
   LoginItem& loginItem;
   DockPreferences& dockPreferences;
+  Downloads& downloads;
   QString session;  // "x11" or "wayland", for the status
   ProcessReader processFacts = noProcessFacts;
 };

@@ -151,7 +151,7 @@ AppPorts portsOf(LinuxPorts& ports) {
           ports.accessibility(), hotKeys,           ports.notifications(),
           ports.audio(),     ports.haptics(),       ports.power(),
           ports.captureWatch(), ports.loginItem(),  ports.dockPreferences(),
-          ports.session(),   processFacts};
+          ports.downloads(), ports.session(),       processFacts};
 }
 
 int runProgram(int& argc, char** argv, const QStringList& words) {

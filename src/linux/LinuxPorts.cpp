@@ -2,13 +2,14 @@
 #include "linux/LinuxPorts.h"
 
 #include "linux/atspi/AtSpiAccessibility.h"
-#include "linux/audio/PulseAudio.h"
 #include "linux/dbus/DBusInstance.h"
 #include "linux/dbus/FeedbackdHaptics.h"
 #include "linux/dbus/FreedesktopNotifications.h"
 #include "linux/dbus/LogindPower.h"
 #include "linux/dbus/PlankDock.h"
 #include "linux/dbus/PortalHotKeys.h"
+#include "linux/parts/LateAudio.h"
+#include "linux/parts/LateDownloads.h"
 #include "linux/pipewire/PipeWireCaptureWatch.h"
 #include "linux/qt/NoOtherPrograms.h"
 #include "linux/qt/QtScreens.h"
@@ -121,7 +122,7 @@ UserNotifications& LinuxPorts::notifications() {
 }
 
 Audio& LinuxPorts::audio() {
-  return lazily(m_audio, [] { return std::make_unique<PulseAudio>(); });
+  return lazily(m_audio, [] { return std::make_unique<LateAudio>(); });
 }
 
 Haptics& LinuxPorts::haptics() {
@@ -155,6 +156,10 @@ LoginItem& LinuxPorts::loginItem() {
 
 DockPreferences& LinuxPorts::dockPreferences() {
   return lazily(m_dockPreferences, [this] { return std::make_unique<PlankDockPreferences>(plank()); });
+}
+
+Downloads& LinuxPorts::downloads() {
+  return lazily(m_downloads, [this] { return std::make_unique<LateDownloads>(scheduler()); });
 }
 
 QString LinuxPorts::session() const {

@@ -17,6 +17,7 @@ class Audio;
 class CaptureWatch;
 class Clock;
 class DockPreferences;
+class Downloads;
 class Haptics;
 class HotKeys;
 class Instance;
@@ -55,6 +56,7 @@ class LinuxPorts final {
   [[nodiscard]] Instance& instance();
   [[nodiscard]] LoginItem& loginItem();
   [[nodiscard]] DockPreferences& dockPreferences();
+  [[nodiscard]] Downloads& downloads();
 
   /// "x11" or "wayland": the kind of the user's session, through whatever our windows reach it.
   [[nodiscard]] QString session() const;
@@ -82,6 +84,7 @@ class LinuxPorts final {
   std::unique_ptr<Instance> m_instance;
   std::unique_ptr<LoginItem> m_loginItem;
   std::unique_ptr<DockPreferences> m_dockPreferences;
+  std::unique_ptr<Downloads> m_downloads;
 };
 
 }  // namespace tarnwick

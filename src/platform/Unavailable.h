@@ -6,6 +6,7 @@
 #include "platform/Audio.h"
 #include "platform/CaptureWatch.h"
 #include "platform/DockPreferences.h"
+#include "platform/Downloads.h"
 #include "platform/Haptics.h"
 #include "platform/HotKeys.h"
 #include "platform/Instance.h"
@@ -102,6 +103,14 @@ class UnavailableLoginItem final : public LoginItem, private Absence {
   [[nodiscard]] LoginItemStatus status() const override { return LoginItemStatus::NotFound; }
   Result<void> registerItem() override { return Error{ErrorKind::Unavailable, absent().reason}; }
   Result<void> unregisterItem() override { return Error{ErrorKind::Unavailable, absent().reason}; }
+};
+
+class UnavailableDownloads final : public Downloads {
+ public:
+  [[nodiscard]] Registration fetch(const DownloadRequest&, Done done) override {
+    done(std::nullopt);
+    return {};
+  }
 };
 
 class UnavailableDockPreferences final : public DockPreferences {

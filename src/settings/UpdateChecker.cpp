@@ -7,9 +7,6 @@
 #include <QCoreApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QNetworkRequest>
 
 #include <utility>
 
@@ -20,7 +17,6 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr qint64 kMillisecondsBetweenChecks = 72'000'000;
-constexpr int kMostRedirects = 3;
 
 bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
@@ -40,11 +36,12 @@ bool isPage(const QUrl& url) {
 
 }  // namespace
 
-UpdateChecker::UpdateChecker(UserDefaults& defaults, const Clock& clock, Workspace& workspace, QUrl feedUrl,
-                             std::chrono::milliseconds timeout)
+UpdateChecker::UpdateChecker(UserDefaults& defaults, const Clock& clock, Workspace& workspace, Downloads& downloads,
+                             QUrl feedUrl, std::chrono::milliseconds timeout)
     : m_defaults(defaults),
       m_clock(clock),
       m_workspace(workspace),
+      m_downloads(downloads),
       m_feedUrl(std::move(feedUrl)),
       m_timeout(timeout) {}
 
@@ -71,47 +68,15 @@ void UpdateChecker::checkIfDue() {
 void UpdateChecker::check() {
   if (!hasFeed()) return;
   setStatus(Status::checking);
-  auto* reply = send();
-  connect(reply, &QNetworkReply::readyRead, this, [reply] {
-    if (reply->bytesAvailable() > kLargestBody) reply->abort();
-  });
-  connect(reply, &QNetworkReply::redirected, this, [reply](const QUrl& target) {
-    if (target.scheme() == u"https") {
-      Q_EMIT reply->redirectAllowed();
-    } else {
-      reply->abort();
-    }
-  });
-  connect(reply, &QNetworkReply::finished, this, [this, reply] {
-    reply->deleteLater();
-    finish(*reply);
-  });
+  ++m_unanswered;
+  m_running.push_back(
+      m_downloads.fetch({m_feedUrl, "Tarnwick/" + currentVersion().toUtf8(), m_timeout, kLargestBody},
+                        [this](const auto& body) { finish(body); }));
 }
 
-QNetworkReply* UpdateChecker::send() {
-  if (!m_network) m_network = new QNetworkAccessManager(this);
-  QNetworkRequest request(m_feedUrl);
-  request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-  request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
-  request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-  request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::UserVerifiedRedirectPolicy);
-  request.setMaximumRedirectsAllowed(kMostRedirects);
-  request.setTransferTimeout(static_cast<int>(m_timeout.count()));
-  request.setRawHeader("User-Agent", "Tarnwick/" + currentVersion().toUtf8());
-  // Left alone these two would tell the user's language, and let a small body unpack into a large one.
-  request.setRawHeader("Accept-Language", "*");
-  request.setRawHeader("Accept-Encoding", "identity");
-  return m_network->get(request);
-}
-
-void UpdateChecker::finish(QNetworkReply& reply) {
-  const auto code = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-  if (reply.error() != QNetworkReply::NoError || code != 200 || reply.bytesAvailable() > kLargestBody) {
-    setStatus(Status::failed);
-    return;
-  }
-  auto found = decode(reply.readAll());
+void UpdateChecker::finish(const std::optional<QByteArray>& body) {
+  if (--m_unanswered == 0) m_running.clear();
+  auto found = body ? decode(*body) : std::nullopt;
   if (!found) {
     setStatus(Status::failed);
     return;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "platform/Downloads.h"
 #include "platform/Workspace.h"
 
 #include <QObject>
@@ -10,9 +11,7 @@
 
 #include <chrono>
 #include <optional>
-
-class QNetworkAccessManager;
-class QNetworkReply;
+#include <vector>
 
 namespace tarnwick {
 
@@ -36,7 +35,7 @@ class UpdateChecker final : public QObject {
   static constexpr qint64 kLargestBody = 64 * 1024;
 
   /// The timeout is of a connection on which nothing moves.
-  UpdateChecker(UserDefaults& defaults, const Clock& clock, Workspace& workspace, QUrl feedUrl,
+  UpdateChecker(UserDefaults& defaults, const Clock& clock, Workspace& workspace, Downloads& downloads, QUrl feedUrl,
                 std::chrono::milliseconds timeout = kTimeout);
   ~UpdateChecker() override;
 
@@ -66,16 +65,17 @@ class UpdateChecker final : public QObject {
   void changed();
 
  private:
-  [[nodiscard]] QNetworkReply* send();
-  void finish(QNetworkReply& reply);
+  void finish(const std::optional<QByteArray>& body);
   void setStatus(Status status, std::optional<Release> release = std::nullopt);
 
   UserDefaults& m_defaults;
   const Clock& m_clock;
   Workspace& m_workspace;
+  Downloads& m_downloads;
   QUrl m_feedUrl;
   std::chrono::milliseconds m_timeout;
-  QNetworkAccessManager* m_network = nullptr;  // made at the first check: it costs start-up time
+  std::vector<Registration> m_running;  // checks may overlap: the later answer stays
+  int m_unanswered = 0;
   Status m_status = Status::idle;
   std::optional<Release> m_release;
 };

@@ -8,6 +8,7 @@
 #include "fakes/ManualTime.h"
 #include "model/SettingsKeys.h"
 #include "model/store/ModelContainer.h"
+#include "platform/Unavailable.h"
 #include "shell/FloatingPanel.h"
 
 #include <QCoreApplication>
@@ -37,6 +38,7 @@ class WholeProgram {
   FakeCaptureWatch captureWatch;
   FakeLoginItem loginItem;
   FakeDockPreferences dockPreferences;
+  UnavailableDownloads downloads;
 
   ~WholeProgram() { stop(); }
 
@@ -58,7 +60,7 @@ class WholeProgram {
     stop();
     m_delegate = std::make_unique<AppDelegate>(
         AppPorts{time, time, screens, workspace, windowServer, otherWindows, accessibility, hotKeys, notifications,
-                 audio, haptics, power, captureWatch, loginItem, dockPreferences, QStringLiteral("x11")},
+                 audio, haptics, power, captureWatch, loginItem, dockPreferences, downloads, QStringLiteral("x11")},
         AppDelegate::Paths{storePath(), settingsPath()});
     m_delegate->applicationDidFinishLaunching();
     settle();

@@ -45,6 +45,8 @@ def from_the_desktop_entry(tarnwick):
     exe = os.readlink(f"/proc/{tarnwick.process.pid}/exe")
     expect(exe == "/usr/libexec/tarnwick/tarnwick-desktop", f"the installed program runs, not {exe}")
     expect(tarnwick.status()["platform"]["tray"] == "QSystemTrayIcon", "it is in the tray")
+    audio = tarnwick.status()["platform"]["audio"]
+    expect(audio != "unavailable: no sound library", f"its sound part is found and loaded, not {audio}")
 
 
 def end(tarnwick):

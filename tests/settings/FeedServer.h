@@ -30,6 +30,9 @@ class FeedServer final : public QObject {
   }
   void answerRaw(const QByteArray& bytes) { m_answers[QStringLiteral("/version.json")] = bytes; }
 
+  /// Of whom an answer is being waited for.
+  [[nodiscard]] qsizetype connections() const { return m_server.findChildren<QTcpSocket*>().size(); }
+
   QList<QByteArray> requests;
 
  private:

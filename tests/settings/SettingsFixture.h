@@ -7,6 +7,7 @@
 #include "fakes/FakeDesktop.h"
 #include "fakes/FakeServices.h"
 #include "fakes/ManualTime.h"
+#include "linux/parts/LatePart.h"
 #include "model/NotificationCenter.h"
 #include "model/SettingsKeys.h"
 #include "model/UserDefaults.h"
@@ -78,7 +79,8 @@ class SettingsFixture : public testing::Test {
   FakeDockPreferences dock;
   FeedServer server;
   SoundEngine sound{audio, defaults};
-  UpdateChecker updates{defaults, time, workspace, server.url(), std::chrono::milliseconds(2000)};
+  std::unique_ptr<Downloads> downloads = loadPart<Downloads>(QStringLiteral("tarnwick-downloads.so"));
+  UpdateChecker updates{defaults, time, workspace, *downloads, server.url(), std::chrono::milliseconds(2000)};
   std::unique_ptr<SettingsView> view;
 };
 

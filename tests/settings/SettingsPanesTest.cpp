@@ -242,7 +242,7 @@ TEST_F(AboutPaneUpdates, goFromTheButtonToTheReleaseAndItsPage) {
 }
 
 TEST_F(AboutPaneUpdates, areNotOfferedByABuildWithoutAFeed) {
-  UpdateChecker none(defaults, time, workspace, QUrl());
+  UpdateChecker none(defaults, time, workspace, *downloads, QUrl());
   view = std::make_unique<SettingsView>(
       SettingsServices{defaults, center, sound, none, loginItem, capture, workspace, time, screens, dock});
   view->selectPane(Pane::About);

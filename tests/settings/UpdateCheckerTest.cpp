@@ -4,6 +4,7 @@
 #include "FeedServer.h"
 #include "fakes/FakeDesktop.h"
 #include "fakes/ManualTime.h"
+#include "linux/parts/LatePart.h"
 #include "model/SettingsKeys.h"
 #include "model/UserDefaults.h"
 
@@ -43,7 +44,8 @@ class CheckingForUpdates : public testing::Test {
   UserDefaults defaults{folder.filePath(u"defaults.json"_s), time};
   FakeWorkspace workspace;
   FeedServer server;
-  UpdateChecker updates{defaults, time, workspace, server.url(), 300ms};
+  std::unique_ptr<Downloads> downloads = loadPart<Downloads>(u"tarnwick-downloads.so"_s);
+  UpdateChecker updates{defaults, time, workspace, *downloads, server.url(), 300ms};
 };
 
 TEST_F(CheckingForUpdates, aNewerReleaseIsOfferedAndItsPageOpened) {
@@ -130,7 +132,7 @@ TEST_F(CheckingForUpdates, aSilentServerFailsAfterTheTimeout) {
 }
 
 TEST_F(CheckingForUpdates, aServerThatIsNotThereFails) {
-  UpdateChecker lost(defaults, time, workspace, QUrl(u"http://127.0.0.1:1/version.json"_s), 300ms);
+  UpdateChecker lost(defaults, time, workspace, *downloads, QUrl(u"http://127.0.0.1:1/version.json"_s), 300ms);
   lost.check();
   EXPECT_TRUE(QTest::qWaitFor([&] { return lost.status() == Status::failed; }));
 }
@@ -163,10 +165,12 @@ TEST_F(CheckingForUpdates, ofTwoChecksTheLaterAnswerStays) {
 }
 
 TEST_F(CheckingForUpdates, goingAwayDuringACheckIsHarmless) {
-  auto brief = std::make_unique<UpdateChecker>(defaults, time, workspace, server.url(), 5s);
+  auto brief = std::make_unique<UpdateChecker>(defaults, time, workspace, *downloads, server.url(), 5s);
   brief->check();
   EXPECT_TRUE(QTest::qWaitFor([&] { return server.requests.size() == 1; }));
+  EXPECT_EQ(server.connections(), 1);
   brief.reset();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return server.connections() == 0; })) << "it goes on waiting";
   EXPECT_FALSE(defaults.date(keys::kLastUpdateCheck));
 }
 
@@ -201,7 +205,7 @@ TEST_F(CheckingForUpdates, switchedOffOnlyTheButtonAsks) {
 }
 
 TEST_F(CheckingForUpdates, withoutAFeedTheStatusStaysIdle) {
-  UpdateChecker none(defaults, time, workspace, QUrl());
+  UpdateChecker none(defaults, time, workspace, *downloads, QUrl());
   QObject::connect(&none, &UpdateChecker::changed, [] { FAIL() << "nothing happens"; });
   none.checkIfDue();
   none.check();

@@ -15,6 +15,7 @@
 #include "model/SettingsKeys.h"
 #include "model/UserDefaults.h"
 #include "model/store/ModelContainer.h"
+#include "platform/Unavailable.h"
 #include "settings/UpdateChecker.h"
 #include "shell/FloatingPanel.h"
 #include "shell/TornNotePanel.h"
@@ -166,7 +167,8 @@ class ShellWorld : public testing::Test {
   NotificationEngine reminders{notifications, time};
   CrushUndoStore undo{[this] { return panel.get(); }};
   ContextEngine context{{workspace, accessibility, time, git}, defaults, center};
-  UpdateChecker updates{defaults, time, workspace, QUrl()};
+  UnavailableDownloads downloads;
+  UpdateChecker updates{defaults, time, workspace, downloads, QUrl()};
   BoardServices services{*container, defaults, center,    time,  time, screens, workspace, haptics,
                          sound,      flight,   reminders, undo,  context, updates, [this] { return panel.get(); }};
   ShellPorts ports{windowServer, otherWindows, accessibility, capture};

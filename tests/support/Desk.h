@@ -15,6 +15,7 @@
 #include "model/SettingsKeys.h"
 #include "model/UserDefaults.h"
 #include "model/store/ModelContainer.h"
+#include "platform/Unavailable.h"
 #include "settings/UpdateChecker.h"
 
 #include <QDir>
@@ -115,7 +116,8 @@ class Desk {
   NotificationEngine reminders{notifications, time};
   CrushUndoStore undo{[this] { return tornNotes(); }};
   ContextEngine context{{workspace, accessibility, time, git}, defaults, center};
-  UpdateChecker updates{defaults, time, workspace, QUrl()};
+  UnavailableDownloads downloads;
+  UpdateChecker updates{defaults, time, workspace, downloads, QUrl()};
   BoardServices services{*container, defaults, center, time,      time, screens, workspace, haptics,
                          sound,      flight,   reminders, undo, context, updates, [this] { return tornNotes(); }};
 

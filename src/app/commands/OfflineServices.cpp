@@ -71,6 +71,7 @@ struct OfflineServices::Parts {
   NotificationCenter center;
   UserDefaults defaults;
   NoWorkspace workspace;
+  UnavailableDownloads downloads;
   NoScreens screens;
   NoFlight flight;
   UnavailableAccessibility accessibility{u"not running"_s};
@@ -86,7 +87,7 @@ struct OfflineServices::Parts {
           reminders(parts.notifications, parts.clock),
           undo([]() -> TornNotes* { return nullptr; }),
           context({parts.workspace, parts.accessibility, parts.scheduler, parts.git}, parts.defaults, parts.center),
-          updates(parts.defaults, parts.clock, parts.workspace, QUrl()),
+          updates(parts.defaults, parts.clock, parts.workspace, parts.downloads, QUrl()),
           services{*container,      parts.defaults, parts.center, parts.clock, parts.scheduler, parts.screens,
                    parts.workspace, parts.haptics,  sound,        parts.flight, reminders,      undo,
                    context,         updates,        []() -> TornNotes* { return nullptr; }} {}

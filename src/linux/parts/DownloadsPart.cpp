@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: MIT
+#include "linux/parts/LatePart.h"
+#include "linux/qt/QtDownloads.h"
+
+TARNWICK_PART(Downloads, QtDownloads)

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 """How long a start takes, seen from the X server: until the icon is in the tray, and until the board's first frame when a
-launcher asks for it over the bus. Beside an empty program that links the same libraries, and, where they are asked for and
-installed, beside other note programs until their first window."""
+launcher asks for it over the bus. Beside an empty program that links every library Tarnwick uses, and, where they are
+asked for and installed, beside other note programs until their first window."""
 import contextlib
 import os
 import pathlib

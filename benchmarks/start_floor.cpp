@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The floor of a start: a program that links what Tarnwick links and does nothing but show a tray icon and a window.
+// The floor of a start: a program that links what Tarnwick uses and does nothing but show a tray icon and a window.
 #include <QApplication>
 #include <QPainter>
 #include <QPixmap>

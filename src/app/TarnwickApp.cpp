@@ -141,16 +141,14 @@ bool hasDisplay() {
 }
 
 AppPorts portsOf(LinuxPorts& ports) {
-  // What asks the X server, in a session of its own, comes first: meanwhile the buses let us in.
+  // In a session of X11 these ask its server alone: meanwhile the buses let us in.
   auto& screens = ports.screens();
   auto& windowServer = ports.windowServer();
   auto& otherWindows = ports.otherWindows();
   auto& hotKeys = ports.hotKeys();
-  return {ports.clock(),     ports.scheduler(),     screens,
-          ports.workspace(), windowServer,          otherWindows,
-          ports.accessibility(), hotKeys,           ports.notifications(),
-          ports.audio(),     ports.haptics(),       ports.power(),
-          ports.captureWatch(), ports.loginItem(),  ports.dockPreferences(),
+  return {ports.clock(),     ports.scheduler(),    screens, ports.workspace(),     windowServer,
+          otherWindows,      ports.accessibility(), hotKeys, ports.notifications(), ports.audio(),
+          ports.haptics(),   ports.power(),         ports.captureWatch(), ports.loginItem(), ports.dockPreferences(),
           ports.downloads(), ports.session(),       processFacts};
 }
 

@@ -22,7 +22,8 @@ class PixmapCache {
   PixmapCache& operator=(const PixmapCache&) = delete;
   ~PixmapCache();
 
-  /// The picture of the key, not to be changed: other threads may be reading it. Painted now when it is not there. Whoever comes while another thread paints it waits for that.
+  /// The picture of the key, not to be changed: other threads may be reading it. Painted now when it is not there; whoever
+  /// comes while another thread paints it waits for that.
   [[nodiscard]] QPixmap fetch(const QString& key, const std::function<QPixmap()>& painted);
   void clear();
 

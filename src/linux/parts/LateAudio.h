@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Sound from a part that is loaded at the first one.
+// Sound from a part that is loaded when the first is prepared, or its traits are asked for.
 #pragma once
 
 #include "platform/Audio.h"

@@ -69,7 +69,9 @@ TEST_F(Wall, showsWhatAnotherThreadHasDrawnAheadUnlessTheNoteHasChangedSince) {
     return shown(2);
   };
   changeAndDrawAhead();
+  const QPixmap since(1, 1);
   const QImage ahead = shown(2);
+  EXPECT_LT(card.posed(2, 1).pixmap.cacheKey(), since.cacheKey()) << "it was made before";
   EXPECT_EQ(drawnHere(), ahead);
   changeAndDrawAhead();
   card.cycleColor();

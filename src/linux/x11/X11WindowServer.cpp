@@ -16,8 +16,6 @@
 #include <array>
 #include <cmath>
 #include <cstring>
-#include <span>
-#include <vector>
 
 namespace tarnwick {
 
@@ -30,23 +28,6 @@ constexpr xcb_xfixes_region_t kInputShape = 2;  // ShapeInput
 xcb_connection_t* qtConnection() {
   const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
   return x11 ? x11->connection() : nullptr;
-}
-
-struct WantedAtom {
-  const char* name;
-  xcb_atom_t* atom;
-};
-
-// All are asked for before the first answer is waited for.
-void intern(xcb_connection_t* connection, std::span<const WantedAtom> wanted) {
-  std::vector<xcb_intern_atom_cookie_t> cookies;
-  for (const auto& [name, atom] : wanted) {
-    cookies.push_back(xcb_intern_atom(connection, 0, static_cast<uint16_t>(std::strlen(name)), name));
-  }
-  for (size_t i = 0; i < wanted.size(); ++i) {
-    const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookies[i], nullptr));
-    *wanted[i].atom = reply ? reply->atom : xcb_atom_t{XCB_NONE};
-  }
 }
 
 xcb_window_t idOf(QWindow& window) { return static_cast<xcb_window_t>(window.winId()); }
@@ -79,19 +60,13 @@ void giveOwnGroup(xcb_connection_t* connection, xcb_window_t window) {
 
 X11WindowServer::X11WindowServer()
     : m_connection(qtConnection()), m_root(xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root) {
-  const std::array wanted{WantedAtom{"_NET_WM_DESKTOP", &m_atoms.desktop},
-                          WantedAtom{"_NET_ACTIVE_WINDOW", &m_atoms.activeWindow},
-                          WantedAtom{"_NET_RESTACK_WINDOW", &m_atoms.restack},
-                          WantedAtom{"_NET_WM_STATE", &m_atoms.state},
-                          WantedAtom{"_NET_WM_STATE_BELOW", &m_atoms.below},
-                          WantedAtom{"_NET_WM_STATE_ABOVE", &m_atoms.above},
-                          WantedAtom{"_NET_WM_STATE_SKIP_TASKBAR", &m_atoms.skipTaskbar},
-                          WantedAtom{"_NET_WM_STATE_SKIP_PAGER", &m_atoms.skipPager},
-                          WantedAtom{"_GTK_FRAME_EXTENTS", &m_atoms.gtkExtents},
-                          WantedAtom{"_NET_SUPPORTING_WM_CHECK", &m_atoms.wmCheck},
-                          WantedAtom{"_NET_SUPPORTED", &m_atoms.supported},
-                          WantedAtom{"_NET_CLIENT_LIST_STACKING", &m_atoms.stacking}};
-  intern(m_connection, wanted);
+  constexpr std::array kNames = {
+      "_NET_WM_DESKTOP", "_NET_ACTIVE_WINDOW", "_NET_RESTACK_WINDOW", "_NET_WM_STATE", "_NET_WM_STATE_BELOW",
+      "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_SKIP_PAGER", "_GTK_FRAME_EXTENTS",
+      "_NET_SUPPORTING_WM_CHECK", "_NET_SUPPORTED", "_NET_CLIENT_LIST_STACKING"};
+  const auto atoms = internAtoms(m_connection, kNames);
+  m_atoms = {atoms[0], atoms[1], atoms[2], atoms[3], atoms[4], atoms[5],
+             atoms[6], atoms[7], atoms[8], atoms[9], atoms[10], atoms[11]};
   const XcbReply<xcb_xfixes_query_version_reply_t> version(
       xcb_xfixes_query_version_reply(m_connection, xcb_xfixes_query_version(m_connection, 5, 0), nullptr));
 }

@@ -50,8 +50,8 @@ class X11WindowServer final : public QObject, public WindowServer {
   xcb_connection_t* m_connection;
   xcb_window_t m_root;
   struct Atoms {
-    xcb_atom_t desktop, activeWindow, restack, state, below, above, skipTaskbar, skipPager, gtkExtents, wmCheck, supported, stacking;
-  } m_atoms{};
+    xcb_atom_t desktop, activeWindow, restack, state, below, above, skipTaskbar, skipPager, gtkExtents, wmCheck, supported, stacking;  // as their names are listed
+  } m_atoms;
   QHash<const QObject*, Wishes> m_wishes;
 };
 

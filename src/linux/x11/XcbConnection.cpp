@@ -25,6 +25,19 @@ constexpr std::array kUsualAtoms = {
 
 }  // namespace
 
+std::vector<xcb_atom_t> internAtoms(xcb_connection_t* connection, std::span<const char* const> names) {
+  std::vector<xcb_intern_atom_cookie_t> cookies;
+  for (const char* name : names) {
+    cookies.push_back(xcb_intern_atom(connection, 0, static_cast<uint16_t>(std::strlen(name)), name));
+  }
+  std::vector<xcb_atom_t> atoms;
+  for (const auto cookie : cookies) {
+    const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection, cookie, nullptr));
+    atoms.push_back(reply ? reply->atom : xcb_atom_t{XCB_NONE});
+  }
+  return atoms;
+}
+
 struct XcbConnection::Selections {
   xcb_connection_t* connection = nullptr;
   std::map<xcb_window_t, std::vector<uint32_t>> masks;
@@ -68,14 +81,8 @@ xcb_atom_t XcbConnection::atom(const char* name) const {
 }
 
 void XcbConnection::learnAtoms(std::span<const char* const> names) const {
-  std::vector<xcb_intern_atom_cookie_t> cookies;
-  for (const char* name : names) {
-    cookies.push_back(xcb_intern_atom(get(), 0, static_cast<uint16_t>(std::strlen(name)), name));
-  }
-  for (size_t i = 0; i < names.size(); ++i) {
-    const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(get(), cookies[i], nullptr));
-    m_atoms.insert(QByteArray(names[i]), reply ? reply->atom : xcb_atom_t{XCB_NONE});
-  }
+  const auto atoms = internAtoms(get(), names);
+  for (size_t i = 0; i < names.size(); ++i) m_atoms.insert(QByteArray(names[i]), atoms[i]);
   keepEvents();
 }
 

@@ -32,6 +32,10 @@ struct FreeDeleter {
 template <typename T>
 using XcbReply = std::unique_ptr<T, FreeDeleter>;
 
+/// The atoms of names, in their order, none where the server does not answer. All are asked for before the first answer is
+/// waited for.
+[[nodiscard]] std::vector<xcb_atom_t> internAtoms(xcb_connection_t* connection, std::span<const char* const> names);
+
 class XcbConnection final : public QObject {
  public:
   explicit XcbConnection(XcbLink link = XcbLink::opened());
@@ -69,7 +73,6 @@ class XcbConnection final : public QObject {
 
  private:
   struct Selections;
-  /// All are asked for before the first answer is waited for.
   void learnAtoms(std::span<const char* const> names) const;
   void drain();
 
